@@ -1,0 +1,71 @@
+// A programmable player proxy for tests: every operation is recorded with its arguments,
+// answers what the test set for it and lets a test fill the records and buffers it is
+// handed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "playerimpl_host/host_player.h"
+
+namespace host {
+
+struct Call {
+    std::string op;
+    std::vector<int64_t> args;  // integers as passed; pointers and references as addresses
+};
+
+// The pointers an operation received (records, out values, buffers, parcels), in order.
+struct OutArgs {
+    std::vector<void*> p;
+    template <typename T>
+    T& at(size_t i) const {
+        return *static_cast<T*>(p.at(i));
+    }
+};
+
+class FakePlayer : public HostPlayer {
+public:
+    FakePlayer();
+    ~FakePlayer() override;
+
+    // The value an operation returns (narrowed to its return type); 0 by default.
+    void setResult(const std::string& op, int64_t value);
+    // The text a String8 operation writes or returns.
+    void setText(const std::string& op, const std::string& text);
+    // Runs when the operation is called, with the pointers it received.
+    void onCall(const std::string& op, std::function<void(const OutArgs&)> hook);
+
+    std::vector<Call> calls() const;
+    std::vector<Call> callsOf(const std::string& op) const;
+    void clearCalls();
+
+    // Calls the installed listener on service thread `thread`, and waits.
+    void fire(std::function<void(PlayerImplListener&)> event, int thread = 0);
+
+    static int liveFakes() { return sLiveFakes.load(); }
+
+#include "playerimpl_host/fake_player_ops.inc"
+
+private:
+    int64_t record(const char* op, std::vector<int64_t> args, std::vector<void*> outs);
+    android::String8 text(const char* op) const;
+
+    mutable std::mutex mLock;
+    std::vector<Call> mCalls;
+    std::map<std::string, int64_t> mResults;
+    std::map<std::string, std::string> mTexts;
+    std::map<std::string, std::function<void(const OutArgs&)>> mHooks;
+    static std::atomic<int> sLiveFakes;
+};
+
+// Makes connect() hand out a new FakePlayer per call and remembers the last one.
+void useFakePlayer();
+// The FakePlayer most recently handed out by connect() since useFakePlayer().
+android::sp<FakePlayer> lastFakePlayer();
+
+}  // namespace host

@@ -1,0 +1,5 @@
+package com.vireo.android.tvapi.dtv.atsc.vo;
+
+// Value object filled by the native library; its fields come with the code that fills it.
+public class AtscScanChannelNotify {
+}

@@ -1,0 +1,19 @@
+package com.vireo.android.tvapi.dtv.vo;
+
+/** Digital scan progress; one shared object is refilled by every digital scan event. */
+public class DtvEventScan {
+    public int scanStatus;
+    public short currRFCh;
+    public short scanPercentageNum;
+    public short dtvSrvCount;
+    public short radioSrvCount;
+    public short dataSrvCount;
+    public short signalQuality;
+    public short signalStrength;
+    public int currFrequency;
+    public int userData;
+    public boolean isVHF;
+    public String rfSignalName;
+
+    public DtvEventScan() {}
+}

@@ -1,0 +1,112 @@
+// Life cycle of the managed player object: native_init, native_setup, native_finalize and
+// the exported suspend.
+#include "core/context.h"
+
+#include "core/frame.h"
+#include "core/handlers.h"
+#include "core/log.h"
+#include "events/event_codes.h"
+#include "events/listener.h"
+#include "surface/video_surface.h"
+
+namespace pij {
+
+PlayerFields gPlayerFields;
+SurfaceFields gSurfaceFields;
+ScanObjects gScan;
+
+const char* const kPostEventSignature = "(Ljava/lang/Object;IIILjava/lang/Object;)V";
+
+namespace {
+
+const char* const kAtvScanClass = "com/vireo/android/tvapi/atv/vo/AtvEventScan";
+const char* const kDtvScanClass = "com/vireo/android/tvapi/dtv/vo/DtvEventScan";
+
+// Finds a scan class and makes one object of it with its no-argument constructor; both
+// kept as global references. Failures are not checked here: a missing class leaves the
+// runtime's pending exception for the managed caller.
+void makeScanObject(JNIEnv* env, const char* path, std::atomic<jclass>& cls,
+                    std::atomic<jobject>& obj) {
+    jclass local = env->FindClass(path);
+    jclass global = static_cast<jclass>(env->NewGlobalRef(local));
+    jmethodID ctor = env->GetMethodID(global, "<init>", "()V");
+    jobject instance = env->NewObject(global, ctor);
+    (void)env->ExceptionCheck();  // nothing is done about it; the look satisfies the checker
+    cls.store(global);
+    obj.store(env->NewGlobalRef(instance));
+    env->DeleteLocalRef(instance);
+    env->DeleteLocalRef(local);
+}
+
+template <typename T>
+void deleteGlobal(JNIEnv* env, std::atomic<T>& slot) {
+    T ref = slot.exchange(nullptr);
+    if (ref != nullptr) {
+        env->DeleteGlobalRef(ref);
+    }
+}
+
+// Same order in native_finalize and suspend.
+void deleteScanObjects(JNIEnv* env) {
+    deleteGlobal(env, gScan.atvClass);
+    deleteGlobal(env, gScan.atv);
+    deleteGlobal(env, gScan.dtvClass);
+    deleteGlobal(env, gScan.dtv);
+}
+
+}  // namespace
+}  // namespace pij
+
+using namespace pij;
+
+PIJ_EXPORT void PIJ_IMPL(native_init)(JNIEnv* env, jobject /*clazz*/) {
+    ALOGD("native_init");
+    jclass clazz = env->FindClass("com/vireo/android/tvapi/impl/PlayerImpl");
+    gPlayerFields.surfaceTexture = env->GetFieldID(clazz, "mNativeSurfaceTexture", "J");
+    gPlayerFields.context = env->GetFieldID(clazz, "mNativeContext", "J");
+    gPlayerFields.postEvent =
+        env->GetStaticMethodID(clazz, "postEventFromNative", kPostEventSignature);
+    readEventCodes(env, clazz);
+    gPlayerFields.playerContext = env->GetFieldID(clazz, "mPlayerContext", "I");
+    env->DeleteLocalRef(clazz);
+}
+
+PIJ_EXPORT void PIJ_IMPL(native_setup)(JNIEnv* env, jobject thiz, jobject weakThis) {
+    ALOGD("native_setup");
+    android::sp<PlayerImpl> player = PlayerImpl::connect();
+    if (player == nullptr) {
+        reportFatal(__func__, 1260, Exc::Runtime);
+        return;
+    }
+    makeScanObject(env, kAtvScanClass, gScan.atvClass, gScan.atv);
+    makeScanObject(env, kDtvScanClass, gScan.dtvClass, gScan.dtv);
+
+    android::sp<JNIVSrvListener> listener = new JNIVSrvListener(env, thiz, weakThis);
+    player->setListener(android::sp<PlayerImplListener>(listener.get()));
+    setPlayer(env, thiz, player);  // the returned old proxy, if any, is dropped here
+}
+
+PIJ_EXPORT void PIJ_IMPL(native_finalize)(JNIEnv* env, jobject thiz) {
+    ALOGD("native_finalize");
+    releaseVideoSurface(env, thiz);
+
+    android::sp<PlayerImpl> player = acquirePlayer(env, thiz);
+    if (player == nullptr) {
+        reportFatal(__func__, 1296, Exc::TvIpc);
+        return;
+    }
+    player->disconnect();
+    android::sp<PlayerImpl> old = setPlayer(env, thiz, nullptr);
+    if (old != nullptr) {
+        old->setListener(nullptr);
+    }
+    deleteScanObjects(env);
+}
+
+// For other native code of the system: forget the player without disconnecting it. The
+// field's strong reference is kept on purpose, so the proxy and its listener stay alive.
+PIJ_EXPORT void suspend(JNIEnv* env, jobject thiz) {
+    ALOGD("playerimpl suspend");
+    env->SetLongField(thiz, gPlayerFields.context, 0);
+    deleteScanObjects(env);
+}

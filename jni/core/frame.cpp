@@ -1,0 +1,79 @@
+#include "core/frame.h"
+
+#include <pthread.h>
+
+#include "core/context.h"
+
+namespace pij {
+namespace {
+
+// The one lock of the library. Its static initialiser runs when the library is loaded,
+// before JNI_OnLoad; its destructor runs when the library is unloaded.
+class GlobalLock {
+public:
+    GlobalLock() { pthread_mutex_init(&mMutex, nullptr); }
+    ~GlobalLock() { pthread_mutex_destroy(&mMutex); }
+    GlobalLock(const GlobalLock&) = delete;
+    GlobalLock& operator=(const GlobalLock&) = delete;
+
+    void lock() { pthread_mutex_lock(&mMutex); }
+    void unlock() { pthread_mutex_unlock(&mMutex); }
+
+private:
+    pthread_mutex_t mMutex;
+};
+
+GlobalLock gLock;
+
+}  // namespace
+
+const char* exceptionPath(Exc cls) {
+    switch (cls) {
+        case Exc::TvIpc:
+            return "com/vireo/android/tvapi/common/exception/TvIpcException";
+        case Exc::TvCommon:
+            return "com/vireo/android/tvapi/common/exception/TvCommonException";
+        case Exc::TvUnsupported:
+            return "com/vireo/android/tvapi/common/exception/TvUnsupportedException";
+        case Exc::IllegalState:
+            return "java/lang/IllegalStateException";
+        case Exc::IllegalArgument:
+            return "java/lang/IllegalArgumentException";
+        case Exc::Runtime:
+            return "java/lang/RuntimeException";
+        case Exc::Exception:
+            return "java/lang/Exception";
+    }
+    return "java/lang/Exception";
+}
+
+void reportFatal(const char* function, int line, Exc cls) {
+    ALOGE("[Fatal jni_exception] %s(%d), %s", function, line, exceptionPath(cls));
+}
+
+android::sp<PlayerImpl> acquirePlayer(JNIEnv* env, jobject thiz) {
+    gLock.lock();
+    auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
+    android::sp<PlayerImpl> holder(p);  // strong reference taken with the holder as id
+    gLock.unlock();
+    return holder;
+}
+
+android::sp<PlayerImpl> setPlayer(JNIEnv* env, jobject thiz, const android::sp<PlayerImpl>& p) {
+    gLock.lock();
+    auto* old = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
+    android::sp<PlayerImpl> previous(old);
+    if (p != nullptr) {
+        p->incStrong(reinterpret_cast<void*>(&setPlayer));  // the field's own reference
+    }
+    if (old != nullptr) {
+        old->decStrong(reinterpret_cast<void*>(&setPlayer));  // the reference the field owned
+    }
+    env->SetLongField(thiz, gPlayerFields.context, reinterpret_cast<jlong>(p.get()));
+    gLock.unlock();
+    return previous;
+}
+
+void endProcessWithoutPlayer() { abort(); }
+
+}  // namespace pij

@@ -1,0 +1,51 @@
+// JNIVSrvListener: the listener the player service calls with events, on its own threads.
+// Every event ends in one call of the managed static postEventFromNative.
+#pragma once
+
+#include <jni.h>
+
+#include "core/PlayerImpl.h"
+
+namespace pij {
+
+class JNIVSrvListener : public PlayerImplListener {
+public:
+    JNIVSrvListener(JNIEnv* env, jobject thiz, jobject weakThis);
+    ~JNIVSrvListener() override;
+
+    // The parcel form of the service's generic notification is ignored.
+    void notify(int msg, const android::Parcel& obj) override;
+    void notifyCB(int event, int ext1, int ext2, const android::Parcel* obj) override;
+
+#define PIJ_DECLARE_SIMPLE(handler, code) void handler(int ext1, int ext2) override;
+#include "events/simple_events.def"
+#undef PIJ_DECLARE_SIMPLE
+
+    void PostEvent_AtvAutoTuning(const android::Parcel& p) override;
+    void PostEvent_ManualTuning(const android::Parcel& p) override;
+    void PostEvent_DtvAutoTuning(const android::Parcel& p) override;
+    void PostEvent_HbbtvEvent(const android::Parcel& p) override;
+    void PostEvent_SignalLock(int ext1, int ext2) override;
+    void PostEvent_SignalUnlock(int ext1, int ext2) override;
+    void PostEvent_ScreenSaverMode(int ext1, int ext2) override;
+    void PostEvent_OadHandler(int ext1, int ext2) override;
+    void PostEvent_SnServiceDeadth(int ext1, int ext2) override;
+
+    // Not virtual: the dispatcher of native event numbers, and an empty handler.
+    void notify(int msg, int ext1, int ext2, jobject obj);
+    void PostEvent_DtvPsipTsUpdate(int ext1, int ext2);
+
+    // Obtains this thread's environment, attaching it (for good) if needed. On failure it
+    // logs "Error! %s(%d) AttachCurrentThread" with (op, line) and returns what it has.
+    JNIEnv* attach(const char* op, int line) const;
+
+    // The delivery step shared by every handler.
+    void post(JNIEnv* env, jint code, jint ext1, jint ext2, jobject obj) const;
+
+private:
+    jclass mClass = nullptr;
+    jobject mObject = nullptr;
+    JavaVM* mJavaVM = nullptr;
+};
+
+}  // namespace pij
