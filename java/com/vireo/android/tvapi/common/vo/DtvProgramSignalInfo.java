@@ -1,5 +1,16 @@
 package com.vireo.android.tvapi.common.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+// Signal of the current DTV programme.
 public class DtvProgramSignalInfo {
+    public short rfNumber;
+    public int modulationMode;
+    public short amMode;
+    public int quality;
+    public int strength;
+    public int symbolRate;
+    public String networkName;
+
+    public DtvProgramSignalInfo() {
+        networkName = "";
+    }
 }

@@ -1,5 +1,13 @@
 package com.vireo.android.tvapi.common.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+// Timing of the current video source.
 public class VideoInfo {
+    public int hResolution;
+    public int vResolution;
+    public int frameRate;
+    public int enScanType;
+    public int modeIndex;
+    public int arcDescriptionType;
+    public int arcType;
+    public int afdAspectRatio;
 }

@@ -1,5 +1,13 @@
 package com.vireo.android.tvapi.dtv.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+// Audio tracks of the current DTV programme.
 public class DtvAudioInfo {
+    public short audioLangNum;
+    public AudioInfo[] audioInfos;
+    public short currentAudioIndex;
+    public short currentChannelMode;
+
+    public DtvAudioInfo() {
+        audioInfos = new AudioInfo[0];
+    }
 }

@@ -1,5 +1,16 @@
 package com.vireo.android.tvapi.dtv.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+// Firmware version of a demodulator, as the characters the demodulator reports.
 public class DtvDemodVersion {
+    public char[] name;
+    public char[] version;
+    public char[] build;
+    public char[] changelist;
+
+    public DtvDemodVersion() {
+        name = new char[4];
+        version = new char[2];
+        build = new char[2];
+        changelist = new char[8];
+    }
 }

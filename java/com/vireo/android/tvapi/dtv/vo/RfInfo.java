@@ -1,5 +1,13 @@
 package com.vireo.android.tvapi.dtv.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+// The RF channel behind a channel index.
 public class RfInfo {
+    public short rfPhyNum;
+    public int frequency;
+    public boolean isVHF;
+    public String rfName;
+
+    public RfInfo() {
+        rfName = "";
+    }
 }

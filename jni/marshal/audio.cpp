@@ -1,0 +1,138 @@
+// Audio tracks of the current DTV programme: a DtvAudioInfo holding one AudioInfo, with its
+// LangIso639, per valid track. getAudioInfo and getAudioInfo_ex differ only in the player
+// operation that fills the record.
+#include "marshal/audio.h"
+
+#include "core/frame.h"
+#include "core/handlers.h"
+#include "marshal/marshal_util.h"
+
+namespace {
+
+using pij::ClassSpec;
+using pij::copy;
+using pij::FieldCopy;
+using pij::Jt;
+
+enum DtvAudioField : uint8_t { kLangNum, kInfos, kCurIndex, kCurMode };
+const ClassSpec kDtvAudioInfo{"com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
+                              {{"audioLangNum", "S"},
+                               {"audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"},
+                               {"currentAudioIndex", "S"},
+                               {"currentChannelMode", "S"}}};
+PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
+
+enum AudioField : uint8_t { kLang, kPid, kType, kMixAd, kAacType, kAacProfile };
+const ClassSpec kAudioInfo{"com/vireo/android/tvapi/dtv/vo/AudioInfo",
+                           {{"isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;"},
+                            {"audioPid", "I"},
+                            {"audioType", "S"},
+                            {"broadcastMixAd", "Z"},
+                            {"aacType", "S"},
+                            {"aacProfileAndLevel", "S"}}};
+PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
+
+enum LangField : uint8_t { kLangChars, kLangMode, kLangType, kLangValid };
+const ClassSpec kLangIso639{
+    "com/vireo/android/tvapi/dtv/vo/LangIso639",
+    {{"isoLangInfo", "[C"}, {"audioMode", "S"}, {"audioType", "S"}, {"isValid", "Z"}}};
+PIJ_REGISTER_VALUE_CLASS(kLangIso639);
+
+const FieldCopy<DtvAudioInfoRec> kDtvAudioRows[] = {
+    copy<Jt::S, &DtvAudioInfoRec::audioLangNum>(kLangNum),
+    copy<Jt::S, &DtvAudioInfoRec::currentAudioIndex>(kCurIndex),
+    copy<Jt::S, &DtvAudioInfoRec::currentChannelMode>(kCurMode),
+};
+
+const FieldCopy<AudioInfoRec> kAudioRows[] = {
+    copy<Jt::I, &AudioInfoRec::audioPid>(kPid),
+    copy<Jt::S, &AudioInfoRec::audioType>(kType),
+    copy<Jt::S, &AudioInfoRec::aacType>(kAacType),
+    copy<Jt::S, &AudioInfoRec::aacProfileAndLevel>(kAacProfile),
+    copy<Jt::Z, &AudioInfoRec::broadcastMixAd>(kMixAd),
+};
+
+const FieldCopy<LangIso639Rec> kLangRows[] = {
+    copy<Jt::S, &LangIso639Rec::audioMode>(kLangMode),
+    copy<Jt::S, &LangIso639Rec::audioType>(kLangType),
+    copy<Jt::Z, &LangIso639Rec::isValid>(kLangValid),
+};
+
+// Source lines the failure reports carry.
+constexpr int kLineAudioInfo = 2225;
+constexpr int kLineAudioInfoEx = 2307;
+
+// The number of entries to convert. The record holds 16; a larger count would read past it,
+// so at most 16 are read. A negative count has no array of its length: the managed side then
+// receives a DtvAudioInfo with the negative audioLangNum as the player gave it and an empty
+// audioInfos array, and nothing is left pending in the VM. Both cases log an ERROR line.
+jsize usableTrackCount(const char* what, int16_t count) {
+    if (count > kMaxAudioTracks) {
+        ALOGE("%s: audio track count %d exceeds %d, reading %d", what, count, kMaxAudioTracks,
+              kMaxAudioTracks);
+        return kMaxAudioTracks;
+    }
+    if (count < 0) {
+        ALOGE("%s: negative audio track count %d, returning no tracks", what, count);
+        return 0;
+    }
+    return count;
+}
+
+jobject buildAudioInfo(JNIEnv* env, const char* what, const DtvAudioInfoRec& rec) {
+    jclass dtvCls = env->FindClass(kDtvAudioInfo.path);
+    const pij::FieldIds dtvIds = pij::lookupFields(env, dtvCls, kDtvAudioInfo);
+    jclass audioCls = env->FindClass(kAudioInfo.path);
+    const pij::FieldIds audioIds = pij::lookupFields(env, audioCls, kAudioInfo);
+    jclass langCls = env->FindClass(kLangIso639.path);
+    const pij::FieldIds langIds = pij::lookupFields(env, langCls, kLangIso639);
+
+    jobject result = env->AllocObject(dtvCls);
+    pij::copyFields(env, result, dtvIds, kDtvAudioRows, rec);
+
+    const jsize count = usableTrackCount(what, rec.audioLangNum);
+    jobjectArray tracks = env->NewObjectArray(count, audioCls, nullptr);
+    for (jsize i = 0; i < count; ++i) {
+        const AudioInfoRec& entry = rec.audioInfos[i];
+        jobject track = env->AllocObject(audioCls);
+        pij::copyFields(env, track, audioIds, kAudioRows, entry);
+
+        jobject lang = env->AllocObject(langCls);
+        pij::copyFields(env, lang, langIds, kLangRows, entry.isoLangInfo);
+        // All three characters, whatever isValid says; signed bytes, so 0x80 gives U+FF80.
+        pij::setWidenedArrayField<jchar>(env, lang, langIds[kLangChars],
+                                         entry.isoLangInfo.isoLangInfo, 3);
+        env->SetObjectField(track, audioIds[kLang], lang);
+        env->DeleteLocalRef(lang);
+
+        env->SetObjectArrayElement(tracks, i, track);
+        env->DeleteLocalRef(track);
+    }
+    env->SetObjectField(result, dtvIds[kInfos], tracks);
+    env->DeleteLocalRef(tracks);
+    return result;
+}
+
+template <typename Query>
+jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const char* what,
+                  Query query) {
+    ALOGD("%s", what);
+    return pij::withPlayer(env, thiz, pij::Site{fn, line, pij::Exc::TvIpc}, jobject{},
+                           [&](PlayerImpl& p) {
+                               DtvAudioInfoRec rec{};  // cleared; the player fills it
+                               (p.*query)(rec);
+                               return buildAudioInfo(env, what, rec);
+                           });
+}
+
+}  // namespace
+
+PIJ_EXPORT jobject PIJ_IMPL(getAudioInfo)(JNIEnv* env, jobject thiz) {
+    return audioInfo(env, thiz, __func__, kLineAudioInfo, "getAudioInfo",
+                     &PlayerImpl::getAudioInfo);
+}
+
+PIJ_EXPORT jobject PIJ_IMPL(getAudioInfo_ex)(JNIEnv* env, jobject thiz) {
+    return audioInfo(env, thiz, __func__, kLineAudioInfoEx, "getAudioInfo_ex",
+                     &PlayerImpl::getAudioInfo_ex);
+}

@@ -1,0 +1,148 @@
+// Picture and signal queries: the aspect-ratio state, the timing of the current source and
+// the signal of the current DTV programme, each handed back as a new managed value object.
+#include "marshal/picture.h"
+
+#include "core/frame.h"
+#include "core/handlers.h"
+#include "marshal/marshal_util.h"
+
+namespace {
+
+using pij::ClassSpec;
+using pij::copy;
+using pij::FieldCopy;
+using pij::Jt;
+
+// VideoArcInfo: fields looked up and set in the same order.
+enum ArcField : uint8_t { kArcType, kThreeD, kAdjLeft, kAdjRight, kAdjUp, kAdjDown, kCusWin };
+const ClassSpec kVideoArcInfo{"com/vireo/android/tvapi/common/vo/VideoArcInfo",
+                              {{"arcType", "I"},
+                               {"threeDimensionArcType", "I"},
+                               {"adjArcLeft", "S"},
+                               {"adjArcRight", "S"},
+                               {"adjArcUp", "S"},
+                               {"adjArcDown", "S"},
+                               {"bSetCusWin", "Z"}}};
+PIJ_REGISTER_VALUE_CLASS(kVideoArcInfo);
+
+const FieldCopy<VideoArcInfoRec> kArcRows[] = {
+    copy<Jt::I, &VideoArcInfoRec::arcType>(kArcType),
+    copy<Jt::I, &VideoArcInfoRec::threeDimensionArcType>(kThreeD),
+    copy<Jt::S, &VideoArcInfoRec::adjArcLeft>(kAdjLeft),
+    copy<Jt::S, &VideoArcInfoRec::adjArcRight>(kAdjRight),
+    copy<Jt::S, &VideoArcInfoRec::adjArcUp>(kAdjUp),
+    copy<Jt::S, &VideoArcInfoRec::adjArcDown>(kAdjDown),
+    copy<Jt::Z, &VideoArcInfoRec::bSetCusWin>(kCusWin),
+};
+
+// VideoInfo: the managed order puts the scan type before the mode index, unlike the record.
+enum VideoField : uint8_t {
+    kHRes,
+    kVRes,
+    kFrameRate,
+    kScanType,
+    kModeIndex,
+    kArcDesc,
+    kVArc,
+    kAfd
+};
+const ClassSpec kVideoInfo{"com/vireo/android/tvapi/common/vo/VideoInfo",
+                           {{"hResolution", "I"},
+                            {"vResolution", "I"},
+                            {"frameRate", "I"},
+                            {"enScanType", "I"},
+                            {"modeIndex", "I"},
+                            {"arcDescriptionType", "I"},
+                            {"arcType", "I"},
+                            {"afdAspectRatio", "I"}}};
+PIJ_REGISTER_VALUE_CLASS(kVideoInfo);
+
+const FieldCopy<VideoInfoRec> kVideoRows[] = {
+    copy<Jt::I, &VideoInfoRec::hResolution>(kHRes),
+    copy<Jt::I, &VideoInfoRec::vResolution>(kVRes),
+    copy<Jt::I, &VideoInfoRec::frameRate>(kFrameRate),
+    copy<Jt::I, &VideoInfoRec::enScanType>(kScanType),
+    copy<Jt::I, &VideoInfoRec::modeIndex>(kModeIndex),
+    copy<Jt::I, &VideoInfoRec::arcDescriptionType>(kArcDesc),
+    copy<Jt::I, &VideoInfoRec::arcType>(kVArc),
+    copy<Jt::I, &VideoInfoRec::afdAspectRatio>(kAfd),
+};
+
+// DtvProgramSignalInfo: looked up in this order, set in the order of kSignalRows, then the
+// network name last.
+enum SignalField : uint8_t { kRf, kModulation, kAm, kQuality, kStrength, kSymbolRate, kNetName };
+const ClassSpec kSignalInfo{"com/vireo/android/tvapi/common/vo/DtvProgramSignalInfo",
+                            {{"rfNumber", "S"},
+                             {"modulationMode", "I"},
+                             {"amMode", "S"},
+                             {"quality", "I"},
+                             {"strength", "I"},
+                             {"symbolRate", "I"},
+                             {"networkName", "Ljava/lang/String;"}}};
+PIJ_REGISTER_VALUE_CLASS(kSignalInfo);
+
+const FieldCopy<DtvProgramSignalInfoRec> kSignalRows[] = {
+    copy<Jt::I, &DtvProgramSignalInfoRec::modulationMode>(kModulation),
+    copy<Jt::I, &DtvProgramSignalInfoRec::quality>(kQuality),
+    copy<Jt::I, &DtvProgramSignalInfoRec::strength>(kStrength),
+    copy<Jt::I, &DtvProgramSignalInfoRec::symbolRate>(kSymbolRate),
+    copy<Jt::S, &DtvProgramSignalInfoRec::rfNumber>(kRf),
+    copy<Jt::S, &DtvProgramSignalInfoRec::amMode>(kAm),
+};
+
+// Source lines the failure reports carry.
+constexpr int kLineAspectRatio = 1384;
+constexpr int kLineVideoInfo = 1439;
+constexpr int kLineSignalInfo = 2907;
+
+// Builds `spec`'s object from `rec` with the rows, ids looked up in the list's order.
+template <typename Rec, size_t N>
+jobject build(JNIEnv* env, const ClassSpec& spec, const pij::FieldCopy<Rec> (&rows)[N],
+              const Rec& rec, pij::FieldIds* idsOut = nullptr) {
+    jclass cls = env->FindClass(spec.path);
+    pij::FieldIds ids = pij::lookupFields(env, cls, spec);
+    jobject obj = env->AllocObject(cls);
+    pij::copyFields(env, obj, ids, rows, rec);
+    if (idsOut != nullptr) *idsOut = ids;
+    return obj;
+}
+
+}  // namespace
+
+PIJ_EXPORT jobject PIJ_IMPL(getAspectRatio)(JNIEnv* env, jobject thiz) {
+    ALOGD("native_getAspectRatio");
+    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineAspectRatio, pij::Exc::TvIpc},
+                           jobject{}, [&](PlayerImpl& p) {
+                               // Cleared, so a field the player leaves alone reads 0
+                               // rather than whatever the stack held.
+                               VideoArcInfoRec rec{};
+                               p.getAspectRatio(rec);
+                               return build(env, kVideoArcInfo, kArcRows, rec);
+                           });
+}
+
+PIJ_EXPORT jobject PIJ_IMPL(getVideoInfo)(JNIEnv* env, jobject thiz) {
+    ALOGD("getVideoInfo");
+    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineVideoInfo, pij::Exc::TvIpc},
+                           jobject{}, [&](PlayerImpl& p) {
+                               // Zeroed, so fields the player leaves alone read 0.
+                               VideoInfoRec rec{};
+                               p.getVideoInfo(rec);
+                               return build(env, kVideoInfo, kVideoRows, rec);
+                           });
+}
+
+PIJ_EXPORT jobject PIJ_IMPL(getCurrentSignalInformation)(JNIEnv* env, jobject thiz) {
+    ALOGD("getCurrentSignalInformation");
+    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineSignalInfo, pij::Exc::IllegalState},
+                           jobject{}, [&](PlayerImpl& p) {
+                               DtvProgramSignalInfoRec rec{};  // cleared; the name starts empty
+                               p.getCurrentSignalInformation(rec);
+                               pij::FieldIds ids;
+                               jobject obj = build(env, kSignalInfo, kSignalRows, rec, &ids);
+                               // An empty name gives an empty string, never null.
+                               env->SetObjectField(obj, ids[kNetName],
+                                                   env->NewStringUTF(rec.networkName.c_str()));
+                               return obj;
+                           });
+}
