@@ -49,6 +49,12 @@ void createVm() {
     std::vector<JavaVMOption> options;
     options.push_back({const_cast<char*>(cp.c_str()), nullptr});
     options.push_back({const_cast<char*>(lib.c_str()), nullptr});
+#ifdef PIJ_HOSTPARCEL_LIBRARY
+    // The natives of the workstation's managed Parcel (obtain, write, read).
+    std::string parcelLib =
+        "-Dplayerimpl.hostparcel.library=" + envOr("PIJ_HOSTPARCEL_LIBRARY", PIJ_HOSTPARCEL_LIBRARY);
+    options.push_back({const_cast<char*>(parcelLib.c_str()), nullptr});
+#endif
     options.push_back({const_cast<char*>("-Xcheck:jni"), nullptr});
     options.push_back({const_cast<char*>("-Xmx512m"), nullptr});
     options.push_back({const_cast<char*>("vfprintf"), reinterpret_cast<void*>(&vmPrintf)});

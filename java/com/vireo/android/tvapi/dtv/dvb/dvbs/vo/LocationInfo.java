@@ -1,5 +1,8 @@
 package com.vireo.android.tvapi.dtv.dvb.dvbs.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+/** A named user location; longitude and latitude as the player stores them (signed). */
 public class LocationInfo {
+    public String locationName;
+    public int longitude;
+    public int latitude;
 }

@@ -1,5 +1,26 @@
 package com.vireo.android.tvapi.dtv.dvb.dvbs.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+/** One DVB-S satellite as the player keeps it. */
 public class SatelliteInfo {
+    public String satName;
+    public int lowLOF;
+    public int hiLOF;
+    public int lnbFreq;
+    public int lnbType;
+    public short diseqcLevel;
+    public short toneburstType;
+    public short swt10Port;
+    public short swt11Port;
+    public short e22KOnOff;
+    public short lnbPwrOnOff;
+    public short ov12VOnOff;
+    public short position;
+    public int angle;
+    public int numberOfTp;
+    public short satelliteId;
+    public short channelId;
+    public int frequency;
+    public boolean mdu;
+    public short pin;
+    public short lnbIdx;
 }

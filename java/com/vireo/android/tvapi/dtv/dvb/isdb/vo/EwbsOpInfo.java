@@ -1,5 +1,8 @@
 package com.vireo.android.tvapi.dtv.dvb.isdb.vo;
 
-// Value object filled by the native library; its fields come with the code that fills it.
+/** The answer to one EWBS operation query. */
 public class EwbsOpInfo {
+    public int reqOp;
+    public int returnCode;
+    public int value;
 }

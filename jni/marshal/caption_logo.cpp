@@ -1,0 +1,130 @@
+// The caption preview style going to the player, and the current channel's logo coming back
+// as a managed int array, in two layouts: bytes with their two sizes behind, or ARGB words
+// with the sizes in front.
+#include "marshal/caption_logo.h"
+
+#include "core/frame.h"
+#include "core/handlers.h"
+#include "core/log.h"
+#include "marshal/value_classes.h"
+
+namespace {
+
+using pij::Exc;
+using pij::kLogoCapacity;
+using pij::Site;
+
+// Source lines of the failure reports (rows 101, 102 and 110).
+constexpr int kLineGetLogoData = 3640;
+constexpr int kLineGetChannelLogo = 3690;
+constexpr int kLineDrawPreviewNoPlayer = 3851;
+constexpr int kLineDrawPreviewNullSetting = 3855;
+constexpr int kLineDrawPreviewNoClass = 3861;
+
+const pij::ClassSpec kCaptionClass{"com/vireo/android/tvapi/common/vo/CaptionOptionSetting",
+                                   {{"currProgInfoFGColor", "S"},
+                                    {"currProgInfoBGColor", "S"},
+                                    {"currProgInfoFGOpacity", "S"},
+                                    {"currProgInfoBGOpacity", "S"},
+                                    {"currProgInfoFontSize", "S"},
+                                    {"currProgInfoFontStyle", "S"},
+                                    {"currProgInfoEdgeStyle", "S"},
+                                    {"currProgInfoEdgeColor", "S"},
+                                    {"currProgInfoItalicsAttr", "S"},
+                                    {"currProgInfoUnderlineAttr", "S"}}};
+PIJ_REGISTER_VALUE_CLASS(kCaptionClass);
+
+// The record byte each managed field goes to, in the order of the class list.
+using CaptionMember = uint8_t CaptionOptionSettingRec::*;
+const CaptionMember kCaptionMembers[] = {
+    &CaptionOptionSettingRec::currProgInfoFGColor,
+    &CaptionOptionSettingRec::currProgInfoBGColor,
+    &CaptionOptionSettingRec::currProgInfoFGOpacity,
+    &CaptionOptionSettingRec::currProgInfoBGOpacity,
+    &CaptionOptionSettingRec::currProgInfoFontSize,
+    &CaptionOptionSettingRec::currProgInfoFontStyle,
+    &CaptionOptionSettingRec::currProgInfoEdgeStyle,
+    &CaptionOptionSettingRec::currProgInfoEdgeColor,
+    &CaptionOptionSettingRec::currProgInfoItalicsAttr,
+    &CaptionOptionSettingRec::currProgInfoUnderlineAttr,
+};
+constexpr size_t kCaptionFields = sizeof(kCaptionMembers) / sizeof(kCaptionMembers[0]);
+
+// Byte logo: the bytes, then A and B.
+constexpr jsize kLogoDataLength = kLogoCapacity + 2;
+
+}  // namespace
+
+PIJ_EXPORT jboolean PIJ_IMPL(drawPreviewCCWin)(JNIEnv* env, jobject thiz, jobject setting) {
+    ALOGD("drawPreviewCCWin");
+    const char* fn = __func__;  // inside the body below __func__ would name the lambda
+    return pij::withPlayer(
+        env, thiz, Site{__func__, kLineDrawPreviewNoPlayer, Exc::IllegalState}, jboolean{JNI_FALSE},
+        [&](PlayerImpl& p) -> jboolean {
+            if (setting == nullptr) {
+                pij::reportFatal(fn, kLineDrawPreviewNullSetting, Exc::IllegalState);
+                return JNI_FALSE;
+            }
+            // The object's own class, so that a subclass is accepted.
+            jclass cls = env->GetObjectClass(setting);
+            if (cls == nullptr) {
+                pij::reportFatal(fn, kLineDrawPreviewNoClass, Exc::IllegalState);
+                return JNI_FALSE;
+            }
+            CaptionOptionSettingRec rec{};
+            for (size_t i = 0; i < kCaptionFields && i < kCaptionClass.fields.size(); ++i) {
+                const pij::FieldSpec& f = kCaptionClass.fields[i];
+                jfieldID id = env->GetFieldID(cls, f.name, f.signature);
+                // Low 8 bits, no range test: 258 becomes 2.
+                rec.*kCaptionMembers[i] = static_cast<uint8_t>(env->GetShortField(setting, id));
+            }
+            env->DeleteLocalRef(cls);
+            return pij::bit0(p.drawPreviewCCWin(rec));
+        });
+}
+
+PIJ_EXPORT jintArray PIJ_IMPL(getLogoData)(JNIEnv* env, jobject thiz) {
+    ALOGD("getLogoData");
+    Site site{__func__, kLineGetLogoData, Exc::IllegalState};
+    return pij::withPlayer(env, thiz, site, jintArray{nullptr}, [&](PlayerImpl& p) -> jintArray {
+        uint8_t bytes[kLogoCapacity] = {};
+        int32_t a = 0;
+        int32_t b = 0;
+        if (pij::bit0(p.getLogoData(bytes, &a, &b)) == 0) return nullptr;
+        jint out[kLogoDataLength];
+        for (jsize i = 0; i < kLogoCapacity; ++i) out[i] = bytes[i];  // zero-extended
+        out[kLogoCapacity] = a;
+        out[kLogoCapacity + 1] = b;
+        jintArray array = env->NewIntArray(kLogoDataLength);
+        env->SetIntArrayRegion(array, 0, kLogoDataLength, out);
+        return array;
+    });
+}
+
+PIJ_EXPORT jintArray PIJ_IMPL(getChannelLogoARGB)(JNIEnv* env, jobject thiz) {
+    ALOGD("getChannelLogoARGB");
+    Site site{__func__, kLineGetChannelLogo, Exc::IllegalState};
+    return pij::withPlayer(env, thiz, site, jintArray{nullptr}, [&](PlayerImpl& p) -> jintArray {
+        uint32_t pixels[kLogoCapacity] = {};
+        int32_t a = 0;
+        int32_t b = 0;
+        if (pij::bit0(p.getChannelLogoARGB(pixels, kLogoCapacity, &a, &b)) == 0) return nullptr;
+        // Out of contract: the player must keep (A + 1) x B within the buffer. A size that
+        // is negative or larger than the buffer (worked out in 64 bits, so it cannot wrap)
+        // is refused with an ERROR line and a null result, as a failed call would give;
+        // no word past the buffer is ever read.
+        int64_t width = static_cast<int64_t>(a) + 1;
+        int64_t pixelCount = width * static_cast<int64_t>(b);
+        if (pixelCount < 0 || pixelCount > kLogoCapacity) {
+            ALOGE("getChannelLogoARGB: logo size %lld x %d outside the %d-word buffer, refused",
+                  static_cast<long long>(width), b, kLogoCapacity);
+            return nullptr;
+        }
+        auto n = static_cast<jsize>(pixelCount);
+        jintArray array = env->NewIntArray(n + 2);
+        jint header[2] = {static_cast<jint>(width), b};
+        env->SetIntArrayRegion(array, 0, 2, header);
+        if (n > 0) env->SetIntArrayRegion(array, 2, n, reinterpret_cast<const jint*>(pixels));
+        return array;
+    });
+}

@@ -1,0 +1,127 @@
+// Player exchanges through parcels: the RRT, V-chip and BISS program queries pass the
+// managed parcels' native parcels to the player, which reads or writes them itself; this
+// library never looks inside. The BISS key setter passes a key text as bytes.
+#include "marshal/parcels.h"
+
+#include <cstring>
+#include <memory>
+
+#include "core/frame.h"
+#include "core/handlers.h"
+#include "core/log.h"
+#include "marshal/value_classes.h"
+
+namespace {
+
+using pij::Exc;
+using pij::Site;
+
+// Source lines of the failure reports (rows 111, 112, 114, 147 and 148; the conversion).
+constexpr int kLineParcelConversion = 111;
+constexpr int kLineGetRrt = 3890;
+constexpr int kLineResetRrt = 3912;
+constexpr int kLineGetVChipRating = 3940;
+constexpr int kLineGetAllBiss = 4770;
+constexpr int kLineSetBissKey = 4790;
+
+const pij::ClassSpec kParcelClass{"android/os/Parcel", {{"mNativePtr", "J"}}};
+PIJ_REGISTER_VALUE_CLASS(kParcelClass);
+
+}  // namespace
+
+android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
+    jclass cls = env->FindClass(kParcelClass.path);
+    if (cls == nullptr) {
+        env->ExceptionClear();  // nothing is thrown into the managed caller
+        ALOGE("[Error] clazz == NULL");
+        return nullptr;
+    }
+    const pij::FieldSpec& ptr = kParcelClass.fields[0];
+    jfieldID nativePtr = env->GetFieldID(cls, ptr.name, ptr.signature);
+    env->DeleteLocalRef(cls);
+    if (parcel == nullptr) return nullptr;
+    jlong value = env->GetLongField(parcel, nativePtr);
+    if (value == 0) {
+        pij::reportFatal("VndkGetParcelForJavaObject", kLineParcelConversion, Exc::IllegalState);
+        return nullptr;
+    }
+    // The line says "[Error]" but is what every successful conversion writes.
+    ALOGD("[Error] parcelForJavaObject p != NULL");
+    return reinterpret_cast<android::Parcel*>(value);
+}
+
+PIJ_EXPORT void PIJ_IMPL(native_getRRTInformation)(JNIEnv* env, jobject thiz, jobject reply) {
+    ALOGD("getRRTInformation");
+    pij::withPlayer(env, thiz, Site{__func__, kLineGetRrt, Exc::TvUnsupported}, [&](PlayerImpl& p) {
+        android::Parcel request;
+        p.getRRTInformation(&request, VndkGetParcelForJavaObject(env, reply));
+    });
+}
+
+// Registered as ()Z; the two ints are never passed by the managed side and never read.
+PIJ_EXPORT jboolean PIJ_COMMON(resetRrtInformation)(JNIEnv* env, jobject thiz, jint, jint) {
+    ALOGD("resetRrtInformation");
+    return pij::withPlayer(env, thiz, Site{__func__, kLineResetRrt, Exc::IllegalState},
+                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+                               jboolean re = pij::bit0(p.resetRrtInformation());
+                               ALOGD("re = %d", re);
+                               return re;
+                           });
+}
+
+PIJ_EXPORT jboolean PIJ_IMPL(native_getVChipRatingInfo)(JNIEnv* env, jobject thiz, jobject request,
+                                                        jobject reply) {
+    ALOGD("getRating");
+    return pij::withPlayer(env, thiz, Site{__func__, kLineGetVChipRating, Exc::IllegalState},
+                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+                               android::Parcel* in = VndkGetParcelForJavaObject(env, request);
+                               android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
+                               // The whole answer byte, not only bit 0.
+                               return static_cast<jboolean>(p.getVChipRatingInfo(in, out));
+                           });
+}
+
+// Without a player this handler does not return after the report: it goes on to the call,
+// which can only end the process. It is ended here, right after the line.
+PIJ_EXPORT void PIJ_COMMON(getAllBISSProgramInfo)(JNIEnv* env, jobject thiz, jobject reply) {
+    ALOGI("getAllBISSProgramInfo");
+    pij::withPlayerOrEnd(
+        env, thiz, Site{__func__, kLineGetAllBiss, Exc::IllegalState},
+        [&](PlayerImpl& p) { p.getAllBISSProgramInfo(VndkGetParcelForJavaObject(env, reply)); });
+}
+
+PIJ_EXPORT jboolean PIJ_COMMON(setProgramBISSKeyByNumber)(JNIEnv* env, jobject thiz, jint program,
+                                                          jint type, jstring key, jint length) {
+    ALOGD("setProgramBISSKeyByNumber");
+    return pij::withPlayer(
+        env, thiz, Site{__func__, kLineSetBissKey, Exc::IllegalState}, jboolean{JNI_FALSE},
+        [&](PlayerImpl& p) -> jboolean {
+            // Out of contract: the managed side passes a key text and its length. A null key
+            // or a negative length is refused (false, the player is not called); a length
+            // past the text is cut to the text, so no byte past it is ever read.
+            if (key == nullptr) {
+                ALOGE("setProgramBISSKeyByNumber: null key refused");
+                return JNI_FALSE;
+            }
+            if (length < 0) {
+                ALOGE("setProgramBISSKeyByNumber: negative key length %d refused", length);
+                return JNI_FALSE;
+            }
+            const char* chars = env->GetStringUTFChars(key, nullptr);
+            if (chars == nullptr) return JNI_FALSE;  // out of memory; an error is pending
+            size_t available = std::strlen(chars);
+            if (static_cast<size_t>(length) > available) {
+                ALOGE("setProgramBISSKeyByNumber: key length %d past the %zu-byte key, cut", length,
+                      available);
+                length = static_cast<jint>(available);
+            }
+            // Zero-filled and never empty, even for a length of 0.
+            std::unique_ptr<uint8_t[]> buffer(new uint8_t[static_cast<size_t>(length) + 1]());
+            std::memcpy(buffer.get(), chars, static_cast<size_t>(length));
+            env->ReleaseStringUTFChars(key, chars);
+            jboolean re =
+                pij::bit0(p.setProgramBISSKeyByNumber(program, type, buffer.get(), length));
+            ALOGD("re = %d", re);
+            return re;
+        });
+}
