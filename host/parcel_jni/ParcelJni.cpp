@@ -2,12 +2,15 @@
 // android::Parcel of the workstation's libbinder, fill it and read it back, so that tests
 // and the simulated TV exchange real parcels with the library. Loaded by the managed Parcel
 // class from the path in the system property "playerimpl.hostparcel.library".
-#include <binder/Parcel.h>
 #include <jni.h>
-#include <utils/String8.h>
 
+// The platform's Parcel header needs <memory> and <limits> ahead of it.
+// clang-format off
 #include <limits>
 #include <memory>
+#include <binder/Parcel.h>
+// clang-format on
+#include <utils/String8.h>
 
 namespace {
 
