@@ -1,0 +1,67 @@
+#!/usr/bin/env bash
+# AArch64 cross build and layout check. Installs what is missing (cross compiler, qemu-user,
+# the arm64 AOSP libraries), cross-builds the library with its host substitutes and the native
+# layout program into build-aarch64/ (or $CROSS_BUILD_DIR), builds the same program for this
+# machine into build-layout-host/, runs both (the AArch64 one under qemu-aarch64) and fails
+# when either reports a slot out of place or when the two reports differ in any size, offset
+# or slot.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+CROSS_BUILD_DIR=${CROSS_BUILD_DIR:-build-aarch64}
+HOST_BUILD_DIR=${LAYOUT_HOST_BUILD_DIR:-build-layout-host}
+SUDO=""; [ "$(id -u)" -ne 0 ] && SUDO=sudo
+
+# ---- what the cross build needs ----
+if ! dpkg --print-foreign-architectures | grep -qx arm64; then
+  $SUDO dpkg --add-architecture arm64
+  NEED_UPDATE=1
+fi
+pkgs=(cmake make g++ g++-aarch64-linux-gnu qemu-user
+      android-libutils-dev android-liblog-dev android-libnativehelper-dev
+      android-platform-frameworks-native-headers
+      android-libutils-dev:arm64 android-liblog-dev:arm64 android-libnativehelper-dev:arm64)
+missing=()
+for p in "${pkgs[@]}"; do
+  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
+done
+if [ ${#missing[@]} -gt 0 ]; then
+  echo "Installing: ${missing[*]}"
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}" >/dev/null
+elif [ -n "${NEED_UPDATE:-}" ]; then
+  $SUDO apt-get update -qq
+fi
+
+# ---- AArch64: the library and the layout program ----
+cmake -S . -B "$CROSS_BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/toolchain-aarch64.cmake" >/dev/null
+cmake --build "$CROSS_BUILD_DIR" -j"$(nproc)" --target playerimpl_jni playerimpl_layout
+readelf -h "$CROSS_BUILD_DIR/lib/libplayerimpl_jni.so" | grep -q "Machine: *AArch64" \
+  || { echo "libplayerimpl_jni.so is not an AArch64 library"; exit 1; }
+
+# ---- x86-64: the same program, built without the JVM parts ----
+cmake -S . -B "$HOST_BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
+  -DPIJ_BUILD_TESTS=OFF -DPIJ_BUILD_BENCH=OFF >/dev/null
+cmake --build "$HOST_BUILD_DIR" -j"$(nproc)" --target playerimpl_layout
+
+# ---- run both and compare ----
+out=$(mktemp -d)
+trap 'rm -rf "$out"' EXIT
+status=0
+"$HOST_BUILD_DIR/bin/playerimpl_layout" >"$out/x86-64.txt" || status=1
+LD_LIBRARY_PATH=/usr/lib/aarch64-linux-gnu/android${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH} \
+  qemu-aarch64 -L /usr/aarch64-linux-gnu "$CROSS_BUILD_DIR/bin/playerimpl_layout" \
+  >"$out/aarch64.txt" || status=1
+grep '^FAIL' "$out/x86-64.txt" | sed 's/^/x86-64: /' || true
+grep '^FAIL' "$out/aarch64.txt" | sed 's/^/aarch64: /' || true
+if ! diff -u "$out/x86-64.txt" "$out/aarch64.txt"; then
+  echo "layout: the x86-64 and AArch64 reports differ"
+  status=1
+fi
+rows=$(wc -l <"$out/aarch64.txt")
+if [ "$status" -eq 0 ]; then
+  echo "layout: $rows report lines identical on x86-64 and AArch64, no slot out of place"
+else
+  echo "layout: FAILED"
+fi
+exit "$status"
