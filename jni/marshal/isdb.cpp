@@ -47,7 +47,7 @@ const pij::ClassSpec kLocationClass{
 PIJ_REGISTER_VALUE_CLASS(kLocationClass);
 enum LocationField { kLocationName, kLongitude, kLatitude };
 
-// A new object of `spec`'s class (no constructor runs) and its field ids, in list order.
+// A new object of the listed class (no constructor runs) and its field ids, in list order.
 struct Built {
     jclass cls;
     jobject obj;

@@ -158,7 +158,7 @@ struct Looked {
     jfieldID ids[21];
 };
 
-// The class and every field id of `spec`, from the spec's own list.
+// The class and every field id of the class list, looked up from that same list.
 Looked lookUp(JNIEnv* env, const pij::ClassSpec& spec) {
     Looked l{};
     l.cls = env->FindClass(spec.path);
