@@ -55,7 +55,10 @@ void createVm() {
         "-Dplayerimpl.hostparcel.library=" + envOr("PIJ_HOSTPARCEL_LIBRARY", PIJ_HOSTPARCEL_LIBRARY);
     options.push_back({const_cast<char*>(parcelLib.c_str()), nullptr});
 #endif
-    options.push_back({const_cast<char*>("-Xcheck:jni"), nullptr});
+    // Benchmarks may time the library without the checked JNI layer (PIJ_NO_CHECK_JNI set).
+    if (getenv("PIJ_NO_CHECK_JNI") == nullptr) {
+        options.push_back({const_cast<char*>("-Xcheck:jni"), nullptr});
+    }
     options.push_back({const_cast<char*>("-Xmx512m"), nullptr});
     options.push_back({const_cast<char*>("vfprintf"), reinterpret_cast<void*>(&vmPrintf)});
     JavaVMInitArgs args{};
