@@ -364,4 +364,26 @@ TEST_F(AudioValues, CountsOutsideTheRecordStayWithinIt) {
     EXPECT_EQ(th::logsContaining("negative audio track count")[0].prio, E);
 }
 
+TEST_F(AudioValues, SixteenTracksLeaveOnlyTheResultAndClassReferences) {
+    DtvAudioInfoRec rec{};
+    rec.audioLangNum = 16;
+    for (int i = 0; i < 16; ++i) fillTrack(rec.audioInfos[i], i);
+    serve(rec);
+    // Called directly, three times in one small local frame: each call may leave its result
+    // and its three classes behind, but per-track objects, languages or arrays left behind
+    // would take the frame past what -Xcheck:jni allows, and TearDown fails on its warning.
+    using Fn = jobject (*)(JNIEnv*, jobject);
+    for (const char* name : {"com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo",
+                             "com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo_ex"}) {
+        auto fn = reinterpret_cast<Fn>(th::librarySymbol(name));
+        ASSERT_NE(fn, nullptr) << name;
+        JNIEnv* e = th::env();
+        ASSERT_EQ(e->PushLocalFrame(1), 0);
+        jobject a = nullptr;
+        for (int call = 0; call < 3; ++call) a = fn(e, player);
+        EXPECT_NE(describeAudio(a).find("len=16"), std::string::npos);
+        e->PopLocalFrame(nullptr);
+    }
+}
+
 }  // namespace
