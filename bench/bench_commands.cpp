@@ -92,19 +92,24 @@ void runLoop(benchmark::State& state, jmethodID loop, jobject target) {
 void BM_EmptyNative(benchmark::State& state) { runLoop(state, gFx.loopNop, gFx.empty); }
 void BM_CloseTeletext(benchmark::State& state) { runLoop(state, gFx.loopCommand, gFx.player); }
 
-BENCHMARK(BM_EmptyNative)->Threads(1)->Threads(2)->UseRealTime();
-BENCHMARK(BM_CloseTeletext)->Threads(1)->Threads(2)->UseRealTime();
+// Five repetitions each; the ratio uses the medians (the workstation is shared).
+BENCHMARK(BM_EmptyNative)->Threads(1)->Threads(2)->UseRealTime()->Repetitions(5);
+BENCHMARK(BM_CloseTeletext)->Threads(1)->Threads(2)->UseRealTime()->Repetitions(5);
 
-// Prints the usual table, then the command's cost over the floor for each thread count.
+// Prints the usual table, then the command's cost over the floor for each thread count,
+// from the median repetition: wall time and CPU time of one call as one thread sees it.
 class RatioReporter : public benchmark::ConsoleReporter {
 public:
+    RatioReporter() : ConsoleReporter(OO_Tabular) {}
+
     void ReportRuns(const std::vector<Run>& runs) override {
         for (const Run& r : runs) {
-            if (r.run_type != Run::RT_Iteration || r.error_occurred) continue;
-            // Wall time of one call as one thread sees it: the library reports wall time per
-            // iteration summed over threads, so scale back by the thread count.
-            double ns = r.GetAdjustedRealTime() * static_cast<double>(r.threads) / kBatch;
-            mPerCall[{r.run_name.function_name, r.threads}] = ns;
+            if (r.run_type != Run::RT_Aggregate || r.aggregate_name != "median") continue;
+            // The library reports time per iteration summed over threads; scale back by the
+            // thread count, and down by the batch.
+            const double scale = static_cast<double>(r.threads) / kBatch;
+            mPerCall[{r.run_name.function_name, r.threads}] = {r.GetAdjustedRealTime() * scale,
+                                                               r.GetAdjustedCPUTime() * scale};
         }
         ConsoleReporter::ReportRuns(runs);
     }
@@ -115,14 +120,16 @@ public:
             auto cmd = mPerCall.find({"BM_CloseTeletext", threads});
             if (floor == mPerCall.end() || cmd == mPerCall.end()) continue;
             printf(
-                "threads=%lld  empty native %.1f ns/call  closeTeletext %.1f ns/call  ratio %.2f\n",
-                static_cast<long long>(threads), floor->second, cmd->second,
-                cmd->second / floor->second);
+                "threads=%lld  wall: empty %.1f ns, closeTeletext %.1f ns, ratio %.1f;"
+                "  cpu: empty %.1f ns, closeTeletext %.1f ns, ratio %.1f\n",
+                static_cast<long long>(threads), floor->second.first, cmd->second.first,
+                cmd->second.first / floor->second.first, floor->second.second, cmd->second.second,
+                cmd->second.second / floor->second.second);
         }
     }
 
 private:
-    std::map<std::pair<std::string, int64_t>, double> mPerCall;
+    std::map<std::pair<std::string, int64_t>, std::pair<double, double>> mPerCall;
 };
 
 }  // namespace
