@@ -32,9 +32,22 @@ elif [ -n "${NEED_UPDATE:-}" ]; then
   $SUDO apt-get update -qq
 fi
 
+# The arm64 libbacktrace (under libutils) needs p7zip's 7z.so, whose package cannot be
+# installed next to the build machine's own: its arm64 copy is unpacked into the build tree.
+mkdir -p "$CROSS_BUILD_DIR"
+EXTRA_LIBS="$PWD/$CROSS_BUILD_DIR/arm64-extra"
+if [ ! -f "$EXTRA_LIBS/7z.so" ]; then
+  tmp=$(mktemp -d)
+  (cd "$tmp" && apt-get download -q p7zip-full:arm64 >/dev/null && dpkg-deb -x p7zip-full_*.deb x)
+  mkdir -p "$EXTRA_LIBS"
+  cp "$tmp/x/usr/lib/p7zip/7z.so" "$EXTRA_LIBS/"
+  rm -rf "$tmp"
+fi
+
 # ---- AArch64: the library and the layout program ----
 cmake -S . -B "$CROSS_BUILD_DIR" -DCMAKE_BUILD_TYPE=RelWithDebInfo \
-  -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/toolchain-aarch64.cmake" >/dev/null
+  -DCMAKE_TOOLCHAIN_FILE="$PWD/cmake/toolchain-aarch64.cmake" \
+  -DCMAKE_EXE_LINKER_FLAGS="-Wl,-rpath-link,$EXTRA_LIBS" >/dev/null
 cmake --build "$CROSS_BUILD_DIR" -j"$(nproc)" --target playerimpl_jni playerimpl_layout
 readelf -h "$CROSS_BUILD_DIR/lib/libplayerimpl_jni.so" | grep -q "Machine: *AArch64" \
   || { echo "libplayerimpl_jni.so is not an AArch64 library"; exit 1; }
@@ -49,7 +62,7 @@ out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
 status=0
 "$HOST_BUILD_DIR/bin/playerimpl_layout" >"$out/x86-64.txt" || status=1
-LD_LIBRARY_PATH=/usr/lib/aarch64-linux-gnu/android${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH} \
+LD_LIBRARY_PATH=/usr/lib/aarch64-linux-gnu/android:$EXTRA_LIBS${LD_LIBRARY_PATH:+:$LD_LIBRARY_PATH} \
   qemu-aarch64 -L /usr/aarch64-linux-gnu "$CROSS_BUILD_DIR/bin/playerimpl_layout" \
   >"$out/aarch64.txt" || status=1
 grep '^FAIL' "$out/x86-64.txt" | sed 's/^/x86-64: /' || true

@@ -1,11 +1,12 @@
 // Native-only layout report: the sizes and field offsets of every record the player service
-// fills or reads, and the positions of the service interface's virtual operations. Built for
-// the workstation and for the AArch64 device; the cross-build script runs both and diffs the
-// reports, so any difference between the two targets fails. The slot positions are also
-// checked here against the service's documented operation order.
+// fills or reads, the positions of the service interface's virtual operations, and the key
+// translations of the key-forwarding handlers (key_report.cpp). Built for the workstation and
+// for the AArch64 device; the cross-build script runs both and diffs the reports, so any
+// difference between the two targets fails. Slot positions and key translations are also
+// checked here against the service's documented operation order and key behaviour.
 //
-// Output: one "record", "field" or "slot" line per item, then "FAIL ..." lines for every
-// slot that is not where the service puts it. Exit status 1 when anything failed.
+// Output: one "record", "field", "slot" or "key" line per item, then a "FAIL ..." line for
+// everything out of place. Exit status 1 when anything failed.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -20,11 +21,14 @@
 #include "marshal/multiplex.h"
 #include "marshal/picture.h"
 #include "marshal/satellite.h"
+#include "native_report.h"
 #include "surface/video_surface.h"
+
+int native_report::failures = 0;
 
 namespace {
 
-int gFailures = 0;
+int& gFailures = native_report::failures;
 
 // ---- Records -----------------------------------------------------------------------------
 
@@ -310,6 +314,7 @@ int main() {
     long listenerEnd = checkSlots("PlayerImplListener", kListenerSlots);
     // 59 operations, then the destructor pair at 59 and 60.
     checkTableEnd("PlayerImplListener", listenerEnd, slotOf(&ListenerProbe::probe), 61);
+    native_report::reportKeys();
     std::fprintf(stderr, "%zu layout rows, %zu + %zu slot rows, %d failed\n",
                  sizeof kFields / sizeof kFields[0], sizeof kProxySlots / sizeof kProxySlots[0],
                  sizeof kListenerSlots / sizeof kListenerSlots[0], gFailures);
