@@ -218,10 +218,18 @@ void objectToRecord(JNIEnv* env, const SlotTable& t, const Looked& l, jobject ob
     }
 }
 
+// Out of contract: a null value object has no fields to read (reading one is a fatal JNI
+// error). It is refused with an ERROR line and false; the player is not called.
+jboolean refuseNullInfo(const Site& site) {
+    ALOGE("%s: null value object refused", site.function);
+    return JNI_FALSE;
+}
+
 // Update and add share everything but the operation.
 template <typename Call>
 jboolean satelliteToPlayer(JNIEnv* env, jobject thiz, jobject info, const Site& site, Call&& call) {
-    return pij::withPlayer(env, thiz, site, jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, site, jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {
+        if (info == nullptr) return refuseNullInfo(site);
         Looked l = lookUp(env, kSatelliteClass);
         SatelliteInfoRec rec{};
         objectToRecord(env, kSatelliteSlots, l, info, &rec);
@@ -246,7 +254,8 @@ jboolean satelliteToPlayer(JNIEnv* env, jobject thiz, jobject info, const Site& 
 template <typename Call>
 jboolean transponderToPlayer(JNIEnv* env, jobject thiz, jobject info, const Site& site,
                              Call&& call) {
-    return pij::withPlayer(env, thiz, site, jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, site, jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {
+        if (info == nullptr) return refuseNullInfo(site);
         Looked l = lookUp(env, kTransponderClass);
         DvbsTransponderInfoRec rec{};
         objectToRecord(env, kTransponderSlots, l, info, &rec);
