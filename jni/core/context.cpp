@@ -2,6 +2,8 @@
 // the exported suspend.
 #include "core/context.h"
 
+#include <thread>
+
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
@@ -42,6 +44,9 @@ template <typename T>
 void deleteGlobal(JNIEnv* env, std::atomic<T>& slot) {
     T ref = slot.exchange(nullptr);
     if (ref != nullptr) {
+        while (gScan.readers.load() != 0) {
+            std::this_thread::yield();  // a scan event is taking its own reference
+        }
         env->DeleteGlobalRef(ref);
     }
 }

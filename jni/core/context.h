@@ -31,6 +31,9 @@ struct ScanObjects {
     std::atomic<jobject> atv{nullptr};
     std::atomic<jclass> dtvClass{nullptr};
     std::atomic<jobject> dtv{nullptr};
+    // Service threads between reading a slot and holding their own local reference to it;
+    // a slot's global reference is deleted only once none is left.
+    std::atomic<int> readers{0};
 };
 extern ScanObjects gScan;
 

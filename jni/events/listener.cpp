@@ -194,9 +194,9 @@ void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Par
     post(env, eventCode(row->code), ext1, ext2, nullptr);
 }
 
-#define PIJ_DECLARE_SIMPLE(handler, code)                               \
-    void JNIVSrvListener::handler(int ext1, int ext2) {                 \
-        ALOGD(#handler);                                                \
+#define PIJ_DECLARE_SIMPLE(handler, code)                                  \
+    void JNIVSrvListener::handler(int ext1, int ext2) {                    \
+        ALOGD(#handler);                                                   \
         post(attach("notify", 448), eventCode(code), ext1, ext2, nullptr); \
     }
 #include "events/simple_events.def"

@@ -1,12 +1,276 @@
-// Placeholder until the payload decoding lands: the events are accepted and dropped.
+// The four events that carry a parcel instead of two integers: analogue auto and manual
+// tuning progress, digital auto tuning progress and HbbTV user-interface events. Each reads
+// its parcel in the service's fixed order, fills a managed value object and posts it.
+//
+// Service threads stay attached for ever, so every local reference made here lives inside a
+// local frame that is popped before the handler returns; otherwise each event would leave
+// its references in the thread's table until the process ends.
 #include "events/payloads.h"
 
+#include <cstdint>
+#include <thread>
+
+#include "core/context.h"
+#include "core/log.h"
+#include "events/event_codes.h"
 #include "events/listener.h"
+#include "marshal/value_classes.h"
+
+// The digital scan progress as the service lays it out in its parcel; the record's widths
+// decide the narrowing (unsigned truncation) and the widening (zero extension).
+struct DtvEventScanRec {
+    uint32_t scanStatus = 0;
+    uint8_t currRFCh = 0;
+    uint8_t scanPercentageNum = 0;
+    uint16_t dtvSrvCount = 0;
+    uint16_t radioSrvCount = 0;
+    uint16_t dataSrvCount = 0;
+    uint16_t signalQuality = 0;
+    uint16_t signalStrength = 0;
+    uint32_t currFrequency = 0;
+    uint32_t userData = 0;
+    bool isVHF = false;
+    android::String8 rfSignalName;
+};
 
 namespace pij {
 
-void postAtvScan(const JNIVSrvListener&, const android::Parcel&, AtvScanKind) {}
-void postDtvScan(const JNIVSrvListener&, const android::Parcel&) {}
-void postHbbtvEvent(const JNIVSrvListener&, const android::Parcel&) {}
+namespace {
+
+// ---- Managed value classes, with the fields this file sets, in the order it sets them ----
+
+const ClassSpec kAtvEventScan{"com/vireo/android/tvapi/atv/vo/AtvEventScan",
+                              {{"percent", "S"},
+                               {"frequencyKHz", "I"},
+                               {"scannedChannelNum", "S"},
+                               {"curScannedChannel", "S"},
+                               {"bIsScaningEnable", "Z"}}};
+PIJ_REGISTER_VALUE_CLASS(kAtvEventScan);
+enum AtvField { kPercent, kFrequencyKHz, kScannedChannelNum, kCurScannedChannel, kScanEnable };
+
+const ClassSpec kDtvEventScan{"com/vireo/android/tvapi/dtv/vo/DtvEventScan",
+                              {{"scanStatus", "I"},
+                               {"currRFCh", "S"},
+                               {"scanPercentageNum", "S"},
+                               {"dtvSrvCount", "S"},
+                               {"radioSrvCount", "S"},
+                               {"dataSrvCount", "S"},
+                               {"signalQuality", "S"},
+                               {"signalStrength", "S"},
+                               {"currFrequency", "I"},
+                               {"userData", "I"},
+                               {"isVHF", "Z"},
+                               {"rfSignalName", "Ljava/lang/String;"}}};
+PIJ_REGISTER_VALUE_CLASS(kDtvEventScan);
+enum DtvField {
+    kScanStatus,
+    kCurrRFCh,
+    kScanPercentageNum,
+    kDtvSrvCount,
+    kRadioSrvCount,
+    kDataSrvCount,
+    kSignalQuality,
+    kSignalStrength,
+    kCurrFrequency,
+    kUserData,
+    kIsVHF,
+    kRfSignalName
+};
+
+const ClassSpec kHbbtvEventInfo{"com/vireo/android/tvapi/common/vo/HbbtvEventInfo",
+                                {{"eEvent", "I"}, {"param", "[I"}}};
+PIJ_REGISTER_VALUE_CLASS(kHbbtvEventInfo);
+enum HbbtvField { kEEvent, kParam };
+constexpr int kHbbtvParams = 10;
+
+constexpr int kMaxFields = 12;
+// References made per event: class, object, array or string, with room to spare.
+constexpr jint kEventFrame = 8;
+
+// Looks up every field of `spec` on `clazz`, in list order (the ids are not cached: the
+// service may outlive a managed class). A field the managed class lacks is a build mismatch,
+// not data: the runtime's error is cleared (nobody on a service thread would ever see it,
+// and it would poison every later call on the thread), one ERROR line is written and the
+// event is dropped instead of writing through a null field id.
+bool lookupFields(JNIEnv* env, jclass clazz, const ClassSpec& spec, jfieldID* ids) {
+    for (size_t i = 0; i < spec.fields.size(); ++i) {
+        const FieldSpec& f = spec.fields[i];
+        ids[i] = env->GetFieldID(clazz, f.name, f.signature);
+        if (ids[i] == nullptr) {
+            env->ExceptionClear();
+            ALOGE("%s has no field %s %s", spec.path, f.name, f.signature);
+            return false;
+        }
+    }
+    return true;
+}
+
+// Takes this thread's own local references to a shared scan class and object. The slots
+// may be cleared and their global references deleted by native_finalize or suspend on a
+// managed thread at any moment: the reader count tells the deleting side to wait until we
+// hold local references, which stay valid whatever happens to the global ones.
+bool takeScanObject(JNIEnv* env, const std::atomic<jclass>& classSlot,
+                    const std::atomic<jobject>& objectSlot, jclass* clazz, jobject* obj) {
+    gScan.readers.fetch_add(1);
+    jclass c = classSlot.load();
+    jobject o = objectSlot.load();
+    if (c != nullptr && o != nullptr) {
+        *clazz = static_cast<jclass>(env->NewLocalRef(c));
+        *obj = env->NewLocalRef(o);
+    }
+    gScan.readers.fetch_sub(1);
+    return c != nullptr && o != nullptr;
+}
+
+// Analogue progress: six int32 values, the sixth becoming ext2.
+struct AtvValues {
+    int8_t percent;  // the service sends a signed percentage in an int32
+    int32_t frequencyKHz;
+    int16_t scannedChannelNum;
+    int16_t curScannedChannel;
+    bool scanEnable;
+    int32_t ext2;
+};
+
+AtvValues readAtv(const android::Parcel& p) {
+    AtvValues v{};
+    v.percent = static_cast<int8_t>(p.readInt32());
+    v.frequencyKHz = p.readInt32();
+    v.scannedChannelNum = static_cast<int16_t>(p.readInt32());
+    v.curScannedChannel = static_cast<int16_t>(p.readInt32());
+    v.scanEnable = p.readInt32() != 0;
+    v.ext2 = p.readInt32();
+    return v;
+}
+
+struct AtvKindInfo {
+    const char* name;      // the handler's trace line and attach-failure name
+    int attachLine;        // its attach-failure line number
+    const char* progress;  // what the progress line starts with
+    EventCode code;
+};
+
+const AtvKindInfo& atvKind(AtvScanKind kind) {
+    static const AtvKindInfo kAuto{"PostEvent_AtvAutoTuning", 691, "AtvAutoTuning",
+                                   EATV_AUTO_TUNING_SCAN_INFO};
+    static const AtvKindInfo kManual{"PostEvent_ManualTuning", 729, "AtvManualTuning",
+                                     EATV_MANUAL_TUNING_SCAN_INFO};
+    return kind == AtvScanKind::Auto ? kAuto : kManual;
+}
+
+}  // namespace
+
+void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvScanKind kind) {
+    const AtvKindInfo& k = atvKind(kind);
+    ALOGD("%s", k.name);
+    JNIEnv* env = listener.attach(k.name, k.attachLine);
+    const AtvValues v = readAtv(p);
+    ALOGD("%s: %d, %d, %d, %d, %d", k.progress, v.percent, v.frequencyKHz, v.scannedChannelNum,
+          v.curScannedChannel, v.scanEnable ? 1 : 0);
+    // Without an environment there is no managed side to fill: the attach line has been
+    // written; the event ends here rather than calling through a null environment.
+    if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
+        return;
+    }
+    jclass clazz = nullptr;
+    jobject obj = nullptr;
+    jfieldID ids[kMaxFields];
+    if (!takeScanObject(env, gScan.atvClass, gScan.atv, &clazz, &obj)) {
+        ALOGD("playerimpl has been finalized");
+    } else if (lookupFields(env, clazz, kAtvEventScan, ids)) {
+        env->SetShortField(obj, ids[kPercent], v.percent);
+        env->SetIntField(obj, ids[kFrequencyKHz], v.frequencyKHz);
+        env->SetShortField(obj, ids[kScannedChannelNum], v.scannedChannelNum);
+        env->SetShortField(obj, ids[kCurScannedChannel], v.curScannedChannel);
+        env->SetBooleanField(obj, ids[kScanEnable], v.scanEnable ? JNI_TRUE : JNI_FALSE);
+        listener.post(listener.attach("notify", 448), eventCode(k.code), 0, v.ext2, obj);
+    }
+    env->PopLocalFrame(nullptr);
+}
+
+void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
+    ALOGD("PostEvent_DtvAutoTuning");
+    JNIEnv* env = listener.attach("PostEvent_DtvAutoTuning", 768);
+    DtvEventScanRec rec;
+    rec.scanStatus = static_cast<uint32_t>(p.readInt32());
+    rec.currRFCh = static_cast<uint8_t>(p.readInt32());
+    rec.scanPercentageNum = static_cast<uint8_t>(p.readInt32());
+    rec.dtvSrvCount = static_cast<uint16_t>(p.readInt32());
+    rec.radioSrvCount = static_cast<uint16_t>(p.readInt32());
+    rec.dataSrvCount = static_cast<uint16_t>(p.readInt32());
+    rec.signalQuality = static_cast<uint16_t>(p.readInt32());
+    rec.signalStrength = static_cast<uint16_t>(p.readInt32());
+    rec.currFrequency = static_cast<uint32_t>(p.readInt32());
+    rec.userData = static_cast<uint32_t>(p.readInt32());
+    rec.isVHF = p.readInt32() != 0;
+    rec.rfSignalName = p.readString8();
+    const int32_t ext2 = p.readInt32();
+    ALOGD("DtvAutoTuning: %d, %d, %d, %d, %d, %d, %d", static_cast<int>(rec.scanStatus),
+          rec.currRFCh, rec.scanPercentageNum, rec.dtvSrvCount, rec.radioSrvCount, rec.dataSrvCount,
+          rec.isVHF ? 1 : 0);
+    if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
+        return;  // as in postAtvScan
+    }
+    jclass clazz = nullptr;
+    jobject obj = nullptr;
+    jfieldID ids[kMaxFields];
+    if (!takeScanObject(env, gScan.dtvClass, gScan.dtv, &clazz, &obj)) {
+        ALOGD("playerimpl has been finalized");
+    } else if (lookupFields(env, clazz, kDtvEventScan, ids)) {
+        // Zero extension of the record's unsigned fields, then the managed field's width.
+        env->SetIntField(obj, ids[kScanStatus], static_cast<jint>(rec.scanStatus));
+        env->SetShortField(obj, ids[kCurrRFCh], static_cast<jshort>(rec.currRFCh));
+        env->SetShortField(obj, ids[kScanPercentageNum],
+                           static_cast<jshort>(rec.scanPercentageNum));
+        env->SetShortField(obj, ids[kDtvSrvCount], static_cast<jshort>(rec.dtvSrvCount));
+        env->SetShortField(obj, ids[kRadioSrvCount], static_cast<jshort>(rec.radioSrvCount));
+        env->SetShortField(obj, ids[kDataSrvCount], static_cast<jshort>(rec.dataSrvCount));
+        env->SetShortField(obj, ids[kSignalQuality], static_cast<jshort>(rec.signalQuality));
+        env->SetShortField(obj, ids[kSignalStrength], static_cast<jshort>(rec.signalStrength));
+        env->SetIntField(obj, ids[kCurrFrequency], static_cast<jint>(rec.currFrequency));
+        env->SetIntField(obj, ids[kUserData], static_cast<jint>(rec.userData));
+        env->SetBooleanField(obj, ids[kIsVHF], rec.isVHF ? JNI_TRUE : JNI_FALSE);
+        jstring name = env->NewStringUTF(rec.rfSignalName.c_str());
+        env->SetObjectField(obj, ids[kRfSignalName], name);
+        env->DeleteLocalRef(name);
+        listener.post(listener.attach("notify", 448), eventCode(EDTV_AUTO_TUNING_SCAN_INFO), 0,
+                      ext2, obj);
+    }
+    env->PopLocalFrame(nullptr);
+}
+
+// No "finalized" guard here: the object is new for every event, not a shared one.
+void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
+    ALOGD("PostEvent_HbbtvEvent");
+    JNIEnv* env = listener.attach("PostEvent_HbbtvEvent", 862);
+    const jint event = p.readInt32();
+    jint params[kHbbtvParams];
+    for (jint& v : params) {
+        v = p.readInt32();
+    }
+    const jint ext2 = p.readInt32();
+    if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
+        return;  // as in postAtvScan
+    }
+    jclass clazz = env->FindClass(kHbbtvEventInfo.path);
+    jfieldID ids[kMaxFields];
+    if (clazz == nullptr) {
+        env->ExceptionClear();  // as for a missing field in lookupFields
+        ALOGE("%s not found", kHbbtvEventInfo.path);
+    } else if (lookupFields(env, clazz, kHbbtvEventInfo, ids)) {
+        jobject obj = env->NewObject(clazz, env->GetMethodID(clazz, "<init>", "()V"));
+        jintArray array = env->NewIntArray(kHbbtvParams);
+        if (obj == nullptr || array == nullptr) {
+            env->ExceptionClear();  // out of managed memory: drop this event
+            ALOGE("PostEvent_HbbtvEvent: no memory for the event object");
+        } else {
+            env->SetIntField(obj, ids[kEEvent], event);
+            env->SetIntArrayRegion(array, 0, kHbbtvParams, params);
+            env->SetObjectField(obj, ids[kParam], array);
+            listener.post(listener.attach("notify", 448), eventCode(EHBBTV_UI_EVENT), 0, ext2, obj);
+        }
+    }
+    env->PopLocalFrame(nullptr);
+}
 
 }  // namespace pij
