@@ -11,9 +11,11 @@
 #include <gui/Surface.h>
 #include <unistd.h>
 
+#include <array>
 #include <atomic>
 #include <chrono>
 #include <cstdio>
+#include <deque>
 #include <mutex>
 #include <random>
 #include <thread>
@@ -33,6 +35,19 @@ int runSeconds() {
     const char* s = getenv("PIJ_SOAK_SECONDS");
     const int v = s != nullptr ? atoi(s) : 0;
     return v > 0 ? v : 10;
+}
+
+// The process's resident memory, from /proc.
+long residentMegabytes() {
+    FILE* f = fopen("/proc/self/status", "r");
+    if (f == nullptr) return -1;
+    char line[256];
+    long kb = -1;
+    while (fgets(line, sizeof line, f) != nullptr) {
+        if (sscanf(line, "VmRSS: %ld kB", &kb) == 1) break;
+    }
+    fclose(f);
+    return kb / 1024;
 }
 
 // ---- Posted events, counted by sequence number ----
@@ -232,7 +247,21 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
     const int proxiesBefore = host::HostPlayer::liveCount();
     std::vector<android::wp<PlayerImplListener>> listeners;
     std::vector<jweak> players;
-    std::vector<android::sp<host::FakePlayer>> suspended;
+    // Suspended proxies, each with the callers' call counts at its suspension. Once every
+    // caller has finished a call since, none can still be between reading the field and
+    // taking its own reference, and the proxy is let go (a grace period, so that a long run
+    // does not keep every suspended proxy to the end).
+    std::array<std::atomic<long>, 4> callsDone{};
+    struct Suspended {
+        android::sp<host::FakePlayer> fake;
+        std::array<long, 4> seen;
+    };
+    std::deque<Suspended> suspended;
+    auto letGo = [](host::FakePlayer& f) {
+        f.disconnect();
+        f.setListener(nullptr);
+        f.decStrong(nullptr);  // the reference suspend left in the proxy's keeping
+    };
     using SuspendFn = void (*)(JNIEnv*, jobject);
     auto suspendFn = reinterpret_cast<SuspendFn>(th::librarySymbol("suspend"));
     ASSERT_NE(suspendFn, nullptr);
@@ -276,7 +305,10 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
                 // taking its own reference.
                 suspendFn(e, p);
                 gFig.suspends.fetch_add(1);
-                suspended.push_back(fake);
+                fake->clearCalls();
+                Suspended entry{fake, {}};
+                for (int c = 0; c < 4; ++c) entry.seen[c] = callsDone[c].load();
+                suspended.push_back(entry);
             }
             {
                 // Every managed object is finalised in the end, a suspended one too: that
@@ -289,6 +321,14 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
                 gFig.finalizes.fetch_add(1);
             }
             fake = nullptr;
+            while (!suspended.empty()) {
+                bool past = true;
+                for (int c = 0; c < 4; ++c)
+                    past = past && callsDone[c].load() > suspended.front().seen[c];
+                if (!past) break;
+                letGo(*suspended.front().fake);
+                suspended.pop_front();
+            }
             e->DeleteLocalRef(p);
             // Callers still hold the object; it stays without a player until they are done.
             jobject old;
@@ -334,6 +374,7 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
                     }
                     rel::Result r = rel::callRaw(e, p, m, args.data());
                     gFig.calls.fetch_add(1);
+                    callsDone[t].fetch_add(1);
                     if (e->ExceptionCheck()) {
                         e->ExceptionDescribe();
                         e->ExceptionClear();
@@ -441,12 +482,16 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
         });
     }
 
-    // Housekeeping: the fakes' call records would grow without end in a long run.
+    // Housekeeping: the fakes' call records and the harness's captured log lines would grow
+    // without end in a long run (a soak once ran out of memory on the log lines alone).
+    const long rssStart = residentMegabytes();
     while (Clock::now() < deadline) {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         const Snapshot s = snapshot();
         if (s.fake != nullptr) s.fake->clearCalls();
+        th::clearLogs();
     }
+    const long rssEnd = residentMegabytes();
     lifecycle.join();
     stop.store(true);
     for (auto& c : callers) c.join();
@@ -454,11 +499,7 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
     finished.store(true);
     watchdog.join();
 
-    for (auto& f : suspended) {
-        f->disconnect();
-        f->setListener(nullptr);
-        f->decStrong(nullptr);  // the reference suspend left in the proxy's keeping
-    }
+    for (Suspended& sp : suspended) letGo(*sp.fake);
     suspended.clear();
 
     printf(
@@ -467,6 +508,7 @@ TEST_F(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
         seconds, gFig.calls.load(), gFig.fired.load(), gFig.firedWhileUp.load(),
         gCounter.total.load(), gFig.setups.load(), gFig.finalizes.load(), gFig.suspends.load(),
         gFig.failures.load());
+    printf("STRESS resident memory %ld MB after set-up, %ld MB at the end\n", rssStart, rssEnd);
     fflush(stdout);
 
     for (const std::string& m : gFig.messages) ADD_FAILURE() << m;

@@ -253,10 +253,17 @@ inline std::vector<jvalue> hostileArgs(JNIEnv* e, const NativeMethod& m, int k) 
     return args;
 }
 
+// Deletes the object arguments; a Parcel made by obtain() also frees its native parcel.
 inline void releaseArgs(JNIEnv* e, const NativeMethod& m, std::vector<jvalue>& args) {
     for (size_t i = 0; i < args.size(); ++i) {
         const char c = m.params[i][0];
-        if ((c == 'L' || c == '[') && args[i].l != nullptr) e->DeleteLocalRef(args[i].l);
+        if ((c != 'L' && c != '[') || args[i].l == nullptr) continue;
+        if (m.params[i] == "Landroid/os/Parcel;") {
+            jclass pc = th::findClass("android/os/Parcel");
+            e->CallVoidMethod(args[i].l, e->GetMethodID(pc, "recycle", "()V"));
+            th::failOnPendingException();
+        }
+        e->DeleteLocalRef(args[i].l);
     }
 }
 
