@@ -34,7 +34,7 @@ public:
     // Not virtual: the dispatcher of native event numbers, and an empty handler. The
     // dispatcher is exported so that native tests can drive it with every number the
     // service uses (only the signal and screen-saver operations reach it from the service).
-    __attribute__((visibility("default"))) void notify(int msg, int ext1, int ext2, jobject obj);
+    void notify(int msg, int ext1, int ext2, jobject obj);
     void PostEvent_DtvPsipTsUpdate(int ext1, int ext2);
 
     // Obtains this thread's environment, attaching it (for good) if needed. On failure it
