@@ -3,7 +3,8 @@
 set -euo pipefail
 pkgs=(cmake g++ make openjdk-17-jdk-headless googletest libgtest-dev libbenchmark-dev
       android-libutils-dev android-liblog-dev android-libnativehelper-dev
-      android-platform-frameworks-native-headers nlohmann-json3-dev)
+      android-platform-frameworks-native-headers nlohmann-json3-dev
+      clang libclang-rt-dev)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
