@@ -13,6 +13,7 @@
 
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
 
 namespace {
@@ -175,10 +176,6 @@ std::vector<th::LogLine> linesOf(int prio) {
     return out;
 }
 
-std::string fatal(const std::string& fn, int line, const char* cls) {
-    return "[Fatal jni_exception] " + fn + "(" + std::to_string(line) + "), " + cls;
-}
-
 void* handlerSymbol(const std::string& managed) {
     std::string h = handlerName(managed);
     void* s = th::librarySymbol(("com_vireo_android_tvapi_impl_PlayerImpl_" + h).c_str());
@@ -212,17 +209,9 @@ jboolean callRawZ(void* sym, jobject p, const Native& n, const std::vector<jvalu
     return 0xEE;
 }
 
-class ThinCommands : public ::testing::Test {
+class ThinCommands : public th::VmTest {
 protected:
-    void SetUp() override {
-        if (th::isChild()) GTEST_SKIP();
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
-    }
+    ThinCommands() : VmTest(kSkipInChild) {}
     // A managed player whose service could not be reached.
     jobject playerWithoutService() {
         host::setConnectFactory([] { return android::sp<PlayerImpl>(); });
@@ -306,58 +295,58 @@ TEST_F(ThinCommands, FailureLinesAndEntryLinesOfEachFamily) {
     // Teletext family: TvIpcException; the entry text drops "native_".
     EXPECT_EQ(th::callZ(p, "native_openTeletext", "(I)Z", 1), JNI_FALSE);
     EXPECT_TRUE(th::hasLog(D, "openTeletext"));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "native_openTeletext", 1642, kIpc)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "native_openTeletext", 1642, kIpc)));
     // Traced at INFO.
     th::callZ(p, "setTeletextLanguageGroup", "(I)Z", 2);
     EXPECT_TRUE(th::hasLog(I, "setTeletextLanguageGroup"));
     EXPECT_FALSE(th::hasLog(D, "setTeletextLanguageGroup"));
     // The MHEG-5 family's odd one out names IllegalStateException.
     th::callZ(p, "isMheg5Running", "()Z");
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "isMheg5Running", 2174, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "isMheg5Running", 2174, kState)));
     th::callZ(p, "sendMheg5IcsCommand", "(IS)Z", 1, static_cast<jshort>(2));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "sendMheg5IcsCommand", 2158, kIpc)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "sendMheg5IcsCommand", 2158, kIpc)));
     // A formatted entry line.
     th::callZ(p, "setAudioMode", "(I)Z", -5);
     EXPECT_TRUE(th::hasLog(D, "setAudioMode, mode = -5"));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "setAudioMode", 2000, kIpc)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "setAudioMode", 2000, kIpc)));
     // The detection family: no entry line, IllegalStateException; input source stays TvIpc.
     th::clearLogs();
     th::callV(p, "startAutoStandardDetection", "()V");
     th::callV(p, "native_forceVideoStandard", "(I)V", 3);
     ASSERT_EQ(th::logs().size(), 2u) << th::dumpLogs();
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "startAutoStandardDetection", 2725, kState)));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "native_forceVideoStandard", 2735, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "startAutoStandardDetection", 2725, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "native_forceVideoStandard", 2735, kState)));
     th::callZ(p, "native_detectInputSource", "(I)Z", 4);
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "native_detectInputSource", 2824, kIpc)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "native_detectInputSource", 2824, kIpc)));
     // Ratings: capital S in the entry line.
     th::callZ(p, "setVChipGuideline", "(SSSS)Z", jshort(1), jshort(2), jshort(3), jshort(4));
     EXPECT_TRUE(th::hasLog(D, "SetVChipGuideline"));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "setVChipGuideline", 3154, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "setVChipGuideline", 3154, kState)));
     // The event-status query: entry and handler name without the underscore.
     EXPECT_EQ(th::callI(p, "_getCurrentEventStatus", "(I)I", 9), 0);
     EXPECT_TRUE(th::hasLog(D, "getCurrentEventStatus"));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "getCurrentEventStatus", 3527, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "getCurrentEventStatus", 3527, kState)));
     // Satellites family and the late TvIpc row.
     th::callI(p, "getTransponderCount", "(I)I", 1);
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "getTransponderCount", 4069, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "getTransponderCount", 4069, kState)));
     th::callV(p, "changeSetting", "(I)V", 1);
     EXPECT_TRUE(th::hasLog(D, "native_changeSetting"));
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "changeSetting", 4715, kIpc)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "changeSetting", 4715, kIpc)));
     // After-call lines are not written without a player.
     th::clearLogs();
     th::callZ(p, "isSignalStable", "()Z");
     th::callI(p, "getUserLocationCode", "()I");
     ASSERT_EQ(th::logs().size(), 2u) << th::dumpLogs();
-    EXPECT_TRUE(th::hasLog(E, fatal(impl + "isSignalStable", 1551, kIpc)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(impl + "isSignalStable", 1551, kIpc)));
     // The common package form.
     th::clearLogs();
     EXPECT_EQ(th::callI(p, "getHdmiEdidVersionBySource", "(I)I", 7), 0);
     EXPECT_TRUE(th::hasLog(D, "getHdmiEdidVersionBySource inputSource = 7"));
-    EXPECT_TRUE(th::hasLog(E, fatal(common + "getHdmiEdidVersionBySource", 4732, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(common + "getHdmiEdidVersionBySource", 4732, kState)));
     EXPECT_EQ(th::logsContaining("re = ").size(), 0u);
     th::callV(p, "clearProgramBISSKeyByNumber", "(II)V", 12, -3);
     EXPECT_TRUE(th::hasLog(D, "clearProgramBISSKeyByNumber progNumber = 12, progType = -3"));
-    EXPECT_TRUE(th::hasLog(E, fatal(common + "clearProgramBISSKeyByNumber", 4814, kState)));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(common + "clearProgramBISSKeyByNumber", 4814, kState)));
     th::env()->DeleteLocalRef(p);
 }
 

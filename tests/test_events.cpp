@@ -14,6 +14,7 @@
 
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
 
 namespace {
@@ -27,27 +28,9 @@ std::string hex(int n) {
     return buf;
 }
 
-class Events : public ::testing::Test {
+class Events : public th::PlayerTest {
 protected:
-    void SetUp() override {
-        if (th::isChild()) GTEST_SKIP();
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
-        th::clearLogs();
-        th::clearEvents();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        if (th::isChild()) return;
-        th::expectNoJniWarnings();
-        if (player != nullptr) {
-            th::callV(player, "release", "()V");
-            th::env()->DeleteLocalRef(player);
-        }
-        host::resetConnectFactory();
-    }
+    Events() : PlayerTest(kSkipInChild | kClearEvents | kWarningsBeforeRelease) {}
     // Runs `event` on a service thread and returns what reached the managed side.
     std::vector<th::Event> fire(std::function<void(PlayerImplListener&)> event, int thread = 0) {
         th::clearEvents();
@@ -63,9 +46,6 @@ protected:
         EXPECT_EQ(evs[0].obj, nullptr) << what;
         th::releaseEvents(evs);
     }
-
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
 };
 
 // ---- The service's listener operations, as its interface documents them ----

@@ -10,6 +10,7 @@
 
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
 
 namespace {
@@ -27,23 +28,15 @@ std::string callS(jobject p, const char* name, bool* isNull) {
     return out;
 }
 
-std::string fatal(const char* fn, int line, const char* cls) {
-    return std::string("[Fatal jni_exception] ") + fn + "(" + std::to_string(line) + "), " + cls;
-}
-
 const char* kIpc = "com/vireo/android/tvapi/common/exception/TvIpcException";
 
-class Foundation : public ::testing::Test {
+class Foundation : public th::VmTest {
 protected:
+    Foundation() : VmTest(kSkipInChild) {}
     void SetUp() override {
-        if (th::isChild()) GTEST_SKIP();
+        VmTest::SetUp();
+        if (skipped()) return;
         host::useFakePlayer();
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
     }
 };
 
@@ -88,34 +81,43 @@ TEST_F(Foundation, WithoutAPlayerEveryCallLogsItsLineAndReturnsNeutral) {
     th::clearLogs();
 
     EXPECT_EQ(callZ(p, "closeTeletext"), JNI_FALSE);
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext", 1349, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext", 1349, kIpc)));
     EXPECT_EQ(callI(p, "getPhaseRange"), -1);
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_getPhaseRange", 1422, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_getPhaseRange", 1422, kIpc)));
     EXPECT_EQ(callI(p, "native_getVideoStandardDetectionState"), 255);
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandardDetectionState", 1498, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine(
+               "com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandardDetectionState",
+               1498, kIpc)));
     bool isNull = false;
     callS(p, "getLanguageCode", &isNull);
     EXPECT_TRUE(isNull);
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_getLanguageCode", 1910, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_getLanguageCode", 1910, kIpc)));
     callV(p, "initAtvVif");
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_initAtvVif", 1839, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_initAtvVif", 1839, kIpc)));
     EXPECT_FALSE(th::env()->ExceptionCheck()) << "nothing is thrown";
 
     // A second finalize finds no player.
     callV(p, "release");
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_native_finalize", 1296, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_native_finalize", 1296, kIpc)));
     th::env()->DeleteLocalRef(p);
 }
 
 TEST_F(Foundation, ConnectFailureLeavesTheObjectWithoutAPlayer) {
     host::setConnectFactory([] { return android::sp<PlayerImpl>(); });
     jobject p = th::newPlayer();
-    EXPECT_EQ(th::countLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_native_setup", 1260,
-                                    "java/lang/RuntimeException")),
+    EXPECT_EQ(th::countLog(E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_native_setup",
+                                            1260, "java/lang/RuntimeException")),
               1);
     EXPECT_EQ(callZ(p, "closeTeletext"), JNI_FALSE);
     callV(p, "release");
-    EXPECT_TRUE(th::hasLog(E, fatal("com_vireo_android_tvapi_impl_PlayerImpl_native_finalize", 1296, kIpc)));
+    EXPECT_TRUE(th::hasLog(
+        E, th::fatalLine("com_vireo_android_tvapi_impl_PlayerImpl_native_finalize", 1296, kIpc)));
     th::env()->DeleteLocalRef(p);
 }
 

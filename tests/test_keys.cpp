@@ -8,6 +8,7 @@
 
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
 
 namespace {
@@ -17,22 +18,8 @@ constexpr int E = ANDROID_LOG_ERROR;
 
 using ProcessKeyFn = jboolean (*)(JNIEnv*, jobject, jint, jboolean);
 
-class Keys : public ::testing::Test {
+class Keys : public th::PlayerTest {
 protected:
-    void SetUp() override {
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        th::callV(player, "release", "()V");
-        th::env()->DeleteLocalRef(player);
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
-    }
-
     jboolean processKey(jint key, bool flag) {
         return th::callZ(player, "processKey", "(IZ)Z", key, flag ? JNI_TRUE : JNI_FALSE);
     }
@@ -66,9 +53,6 @@ protected:
         }
         return out;
     }
-
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
 };
 
 TEST_F(Keys, GeneralKeysReachThePlayerTranslated) {

@@ -9,7 +9,9 @@
 
 #include "core/PlayerImpl.h"
 #include "core/parcel.h"
+#include "harness/fields.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "marshal/caption_logo.h"
 #include "playerimpl_host/fake_player.h"
 
@@ -72,43 +74,9 @@ void recycle(jobject p) {
     th::env()->DeleteLocalRef(p);
 }
 
-std::string fatalOf(const char* handler, int line, const char* cls) {
-    return std::string("[Fatal jni_exception] ") + handler + "(" + std::to_string(line) + "), " +
-           cls;
-}
-bool hasFatal(const std::string& handler, const char* cls) {
-    for (const auto& l : th::logsContaining("[Fatal jni_exception] " + handler + "(")) {
-        if (l.prio == E && l.text.find(cls) != std::string::npos) return true;
-    }
-    return false;
-}
-
-std::vector<jint> ints(jintArray a) {
-    std::vector<jint> v(a ? static_cast<size_t>(th::env()->GetArrayLength(a)) : 0);
-    if (!v.empty()) th::env()->GetIntArrayRegion(a, 0, static_cast<jsize>(v.size()), v.data());
-    return v;
-}
-
-class ParcelsLogos : public ::testing::Test {
+class ParcelsLogos : public th::PlayerTest {
 protected:
-    void SetUp() override {
-        if (th::isChild()) GTEST_SKIP();
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        if (th::isChild()) return;
-        th::callV(player, "release", "()V");
-        th::env()->DeleteLocalRef(player);
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
-    }
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
+    ParcelsLogos() : PlayerTest(kSkipInChild) {}
 };
 
 // ---- Parcels ----
@@ -248,25 +216,26 @@ TEST_F(ParcelsLogos, WithoutAPlayerTheParcelHandlersReport) {
     th::clearLogs();
     jobject good = obtainParcel();
     th::callV(player, "native_getRRTInformation", "(Landroid/os/Parcel;)V", good);
-    EXPECT_TRUE(hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation",
-                         "com/vireo/android/tvapi/common/exception/TvUnsupportedException"));
+    EXPECT_TRUE(th::hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation",
+                             "com/vireo/android/tvapi/common/exception/TvUnsupportedException"));
     EXPECT_EQ(th::callZ(player, "resetRrtInformation", "()Z"), JNI_FALSE);
-    EXPECT_TRUE(hasFatal("com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation", kIse));
+    EXPECT_TRUE(
+        th::hasFatal("com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation", kIse));
     EXPECT_EQ(th::callZ(player, "native_getVChipRatingInfo",
                         "(Landroid/os/Parcel;Landroid/os/Parcel;)Z", good, good),
               JNI_FALSE);
     EXPECT_TRUE(
-        hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo", kIse));
+        th::hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo", kIse));
     jstring key = th::env()->NewStringUTF("KEY");
     EXPECT_EQ(
         th::callZ(player, "setProgramBISSKeyByNumber", "(IILjava/lang/String;I)Z", 1, 2, key, 3),
         JNI_FALSE);
     EXPECT_TRUE(
-        hasFatal("com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyByNumber", kIse));
+        th::hasFatal("com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyByNumber", kIse));
     EXPECT_EQ(
         th::callZ(player, "getEWSInfo", "(Landroid/os/Parcel;Landroid/os/Parcel;)Z", good, good),
         JNI_FALSE);
-    EXPECT_TRUE(hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo", kIse));
+    EXPECT_TRUE(th::hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo", kIse));
     EXPECT_EQ(th::countLog(D, kSuccessLine), 0) << "nothing converted without a player";
     th::env()->DeleteLocalRef(key);
     recycle(good);
@@ -289,8 +258,8 @@ TEST(ParcelsEnd, BissProgramListWithoutAPlayerEndsTheProcessAfterItsLine) {
     EXPECT_TRUE(r.signaled);
     EXPECT_EQ(r.signal, SIGABRT);
     EXPECT_EQ(r.output.find("RESULT returned"), std::string::npos);
-    std::string line =
-        fatalOf("com_vireo_android_tvapi_common_PlayerImpl_getAllBISSProgramInfo", 4770, kIse);
+    std::string line = th::fatalLine(
+        "com_vireo_android_tvapi_common_PlayerImpl_getAllBISSProgramInfo", 4770, kIse);
     auto at = r.output.find("LOG 6 " + line);
     EXPECT_NE(at, std::string::npos) << r.output;
     EXPECT_NE(r.output.find("LOG 4 getAllBISSProgramInfo"), std::string::npos);
@@ -326,7 +295,7 @@ TEST_F(ParcelsLogos, CaptionStyleReachesThePlayerAsLowBytesInOrder) {
     th::clearLogs();
     EXPECT_EQ(th::callZ(player, "drawPreviewCCWin", sig, nullptr), JNI_FALSE);
     EXPECT_TRUE(fake->callsOf("drawPreviewCCWin").empty());
-    EXPECT_TRUE(hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin", kIse))
+    EXPECT_TRUE(th::hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin", kIse))
         << th::dumpLogs();
     th::env()->DeleteLocalRef(s);
 }
@@ -344,7 +313,7 @@ TEST_F(ParcelsLogos, ByteLogoCarriesItsSizesBehindTheBytes) {
     });
     fake->setResult("getLogoData", 3);
     auto a = static_cast<jintArray>(th::callL(player, "getLogoData", "()[I"));
-    std::vector<jint> v = ints(a);
+    std::vector<jint> v = th::ints(a);
     ASSERT_EQ(v.size(), 2595u);
     EXPECT_EQ(v[0], 255) << "zero-extended, never -1";
     EXPECT_EQ(v[1], 128);
@@ -374,7 +343,7 @@ TEST_F(ParcelsLogos, ArgbLogoCarriesItsSizesInFront) {
     auto fetch = [&](int32_t na, int32_t nb) {
         a = na, b = nb;
         auto arr = static_cast<jintArray>(th::callL(player, "getChannelLogoARGB", "()[I"));
-        std::vector<jint> v = ints(arr);
+        std::vector<jint> v = th::ints(arr);
         if (arr) th::env()->DeleteLocalRef(arr);
         return v;
     };
@@ -411,7 +380,7 @@ TEST_F(ParcelsLogos, WithoutAPlayerTheLogoAndCaptionHandlersReport) {
                         "(Lcom/vireo/android/tvapi/common/vo/CaptionOptionSetting;)Z", nullptr),
               JNI_FALSE);
     for (const char* h : {"getLogoData", "getChannelLogoARGB", "drawPreviewCCWin"}) {
-        EXPECT_TRUE(hasFatal(std::string("com_vireo_android_tvapi_impl_PlayerImpl_") + h, kIse))
+        EXPECT_TRUE(th::hasFatal(std::string("com_vireo_android_tvapi_impl_PlayerImpl_") + h, kIse))
             << h;
     }
 }

@@ -8,7 +8,9 @@
 #include <string>
 
 #include "core/PlayerImpl.h"
+#include "harness/fields.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
 
 namespace {
@@ -33,59 +35,16 @@ struct ParcelBuilder {
     }
 };
 
-// Field readers on the posted value object.
-jfieldID field(jobject obj, const char* name, const char* sig) {
-    JNIEnv* e = th::env();
-    jclass c = e->GetObjectClass(obj);
-    jfieldID id = e->GetFieldID(c, name, sig);
-    e->DeleteLocalRef(c);
-    th::failOnPendingException();
-    return id;
-}
-jshort getS(jobject o, const char* n) { return th::env()->GetShortField(o, field(o, n, "S")); }
-jint getI(jobject o, const char* n) { return th::env()->GetIntField(o, field(o, n, "I")); }
-jboolean getZ(jobject o, const char* n) { return th::env()->GetBooleanField(o, field(o, n, "Z")); }
-std::string getStr(jobject o, const char* n, bool* isNull) {
-    auto s = static_cast<jstring>(th::env()->GetObjectField(o, field(o, n, "Ljava/lang/String;")));
-    std::string out = th::toStdString(s, isNull);
-    if (s) th::env()->DeleteLocalRef(s);
-    return out;
-}
-std::vector<jint> getInts(jobject o, const char* n) {
-    JNIEnv* e = th::env();
-    auto a = static_cast<jintArray>(e->GetObjectField(o, field(o, n, "[I")));
-    std::vector<jint> out;
-    if (a == nullptr) return out;
-    out.resize(e->GetArrayLength(a));
-    e->GetIntArrayRegion(a, 0, static_cast<jsize>(out.size()), out.data());
-    e->DeleteLocalRef(a);
-    return out;
-}
-bool isA(jobject o, const char* path) { return th::env()->IsInstanceOf(o, th::findClass(path)); }
-
 const char* kAtv = "com/vireo/android/tvapi/atv/vo/AtvEventScan";
 const char* kDtv = "com/vireo/android/tvapi/dtv/vo/DtvEventScan";
 const char* kHbbtv = "com/vireo/android/tvapi/common/vo/HbbtvEventInfo";
 
-class Payloads : public ::testing::Test {
+class Payloads : public th::PlayerTest {
 protected:
-    void SetUp() override {
-        if (th::isChild()) GTEST_SKIP();
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
-        th::clearLogs();
-        th::clearEvents();
-        th::clearVmOutput();
-    }
+    Payloads() : PlayerTest(kSkipInChild | kClearEvents | kWarningsBeforeRelease) {}
     void TearDown() override {
-        if (th::isChild()) return;
-        th::expectNoJniWarnings();
         releaseEvents();
-        th::callV(player, "release", "()V");
-        th::env()->DeleteLocalRef(player);
-        host::resetConnectFactory();
+        PlayerTest::TearDown();
     }
     // Fires one event and keeps what reached the managed side in `evs`.
     void fire(std::function<void(PlayerImplListener&)> event) {
@@ -113,8 +72,6 @@ protected:
         return evs[0].obj;
     }
 
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
     std::vector<th::Event> evs;
 };
 
@@ -139,12 +96,12 @@ TEST_F(Payloads, AnalogueProgressNarrowsAndPostsTheSixthValue) {
         fire([&](PlayerImplListener& l) { (l.*k.op)(p); });
         jobject o = posted(k.code, -77);
         ASSERT_NE(o, nullptr);
-        EXPECT_TRUE(isA(o, kAtv));
-        EXPECT_EQ(getS(o, "percent"), -56);
-        EXPECT_EQ(getI(o, "frequencyKHz"), 474250);
-        EXPECT_EQ(getS(o, "scannedChannelNum"), 4464);
-        EXPECT_EQ(getS(o, "curScannedChannel"), -3);
-        EXPECT_EQ(getZ(o, "bIsScaningEnable"), JNI_TRUE);
+        EXPECT_TRUE(th::isA(o, kAtv));
+        EXPECT_EQ(th::getS(o, "percent"), -56);
+        EXPECT_EQ(th::getI(o, "frequencyKHz"), 474250);
+        EXPECT_EQ(th::getS(o, "scannedChannelNum"), 4464);
+        EXPECT_EQ(th::getS(o, "curScannedChannel"), -3);
+        EXPECT_EQ(th::getZ(o, "bIsScaningEnable"), JNI_TRUE);
         EXPECT_TRUE(th::hasLog(D, k.trace));
         EXPECT_TRUE(th::hasLog(D, std::string(k.progress) + "-56, 474250, 4464, -3, 1"))
             << th::dumpLogs();
@@ -156,10 +113,10 @@ TEST_F(Payloads, AnalogueProgressNarrowsAndPostsTheSixthValue) {
         fire([&](PlayerImplListener& l) { (l.*k.op)(p2); });
         o = posted(k.code, 5);
         ASSERT_NE(o, nullptr);
-        EXPECT_EQ(getS(o, "percent"), -128);
-        EXPECT_EQ(getS(o, "scannedChannelNum"), -32768);
-        EXPECT_EQ(getS(o, "curScannedChannel"), -1);
-        EXPECT_EQ(getZ(o, "bIsScaningEnable"), JNI_FALSE);
+        EXPECT_EQ(th::getS(o, "percent"), -128);
+        EXPECT_EQ(th::getS(o, "scannedChannelNum"), -32768);
+        EXPECT_EQ(th::getS(o, "curScannedChannel"), -1);
+        EXPECT_EQ(th::getZ(o, "bIsScaningEnable"), JNI_FALSE);
         EXPECT_TRUE(th::hasLog(D, std::string(k.progress) + "-128, -1, -32768, -1, 0"))
             << th::dumpLogs();
     }
@@ -175,20 +132,20 @@ TEST_F(Payloads, DigitalProgressGoesThroughTheServiceRecordWidths) {
     fire([&](PlayerImplListener& l) { l.PostEvent_DtvAutoTuning(p); });
     jobject o = posted("TVPLAYER_DTV_AUTO_TUNING_SCAN_INFO", 99);
     ASSERT_NE(o, nullptr);
-    EXPECT_TRUE(isA(o, kDtv));
-    EXPECT_EQ(getI(o, "scanStatus"), -2147483647);
-    EXPECT_EQ(getS(o, "currRFCh"), 44) << "300 in an unsigned byte";
-    EXPECT_EQ(getS(o, "scanPercentageNum"), 250) << "zero-extended, not sign-extended";
-    EXPECT_EQ(getS(o, "dtvSrvCount"), 1) << "65537 in 16 bits";
-    EXPECT_EQ(getS(o, "radioSrvCount"), static_cast<jshort>(40000));
-    EXPECT_EQ(getS(o, "dataSrvCount"), 3);
-    EXPECT_EQ(getS(o, "signalQuality"), static_cast<jshort>(70001 & 0xffff));
-    EXPECT_EQ(getS(o, "signalStrength"), -1);
-    EXPECT_EQ(getI(o, "currFrequency"), -1);
-    EXPECT_EQ(getI(o, "userData"), 123456);
-    EXPECT_EQ(getZ(o, "isVHF"), JNI_TRUE);
+    EXPECT_TRUE(th::isA(o, kDtv));
+    EXPECT_EQ(th::getI(o, "scanStatus"), -2147483647);
+    EXPECT_EQ(th::getS(o, "currRFCh"), 44) << "300 in an unsigned byte";
+    EXPECT_EQ(th::getS(o, "scanPercentageNum"), 250) << "zero-extended, not sign-extended";
+    EXPECT_EQ(th::getS(o, "dtvSrvCount"), 1) << "65537 in 16 bits";
+    EXPECT_EQ(th::getS(o, "radioSrvCount"), static_cast<jshort>(40000));
+    EXPECT_EQ(th::getS(o, "dataSrvCount"), 3);
+    EXPECT_EQ(th::getS(o, "signalQuality"), static_cast<jshort>(70001 & 0xffff));
+    EXPECT_EQ(th::getS(o, "signalStrength"), -1);
+    EXPECT_EQ(th::getI(o, "currFrequency"), -1);
+    EXPECT_EQ(th::getI(o, "userData"), 123456);
+    EXPECT_EQ(th::getZ(o, "isVHF"), JNI_TRUE);
     bool isNull = true;
-    EXPECT_EQ(getStr(o, "rfSignalName", &isNull), "UHF 21");
+    EXPECT_EQ(th::getStr(o, "rfSignalName", &isNull), "UHF 21");
     // The progress line shows the record's unsigned 16-bit count as a positive number.
     EXPECT_TRUE(th::hasLog(D, "PostEvent_DtvAutoTuning"));
     EXPECT_TRUE(th::hasLog(D, "DtvAutoTuning: -2147483647, 44, 250, 1, 40000, 3, 1"))
@@ -201,9 +158,9 @@ TEST_F(Payloads, HbbtvEventsGetANewObjectEach) {
     fire([&](PlayerImplListener& l) { l.PostEvent_HbbtvEvent(p); });
     jobject first = posted("TVPLAYER_HBBTV_UI_EVENT", 1234);
     ASSERT_NE(first, nullptr);
-    EXPECT_TRUE(isA(first, kHbbtv));
-    EXPECT_EQ(getI(first, "eEvent"), 5);
-    EXPECT_EQ(getInts(first, "param"),
+    EXPECT_TRUE(th::isA(first, kHbbtv));
+    EXPECT_EQ(th::getI(first, "eEvent"), 5);
+    EXPECT_EQ(th::getInts(first, "param"),
               (std::vector<jint>{10, 11, 12, 13, 14, 15, 16, 17, 18, -19}));
     EXPECT_TRUE(th::hasLog(D, "PostEvent_HbbtvEvent"));
     jobject kept = th::env()->NewGlobalRef(first);
@@ -214,8 +171,8 @@ TEST_F(Payloads, HbbtvEventsGetANewObjectEach) {
     jobject second = posted("TVPLAYER_HBBTV_UI_EVENT", 2);
     ASSERT_NE(second, nullptr);
     EXPECT_FALSE(th::env()->IsSameObject(kept, second));
-    EXPECT_EQ(getI(kept, "eEvent"), 5) << "the earlier object is left as it was";
-    EXPECT_EQ(getInts(second, "param").back(), 1);
+    EXPECT_EQ(th::getI(kept, "eEvent"), 5) << "the earlier object is left as it was";
+    EXPECT_EQ(th::getInts(second, "param").back(), 1);
     th::env()->DeleteGlobalRef(kept);
 }
 
@@ -225,28 +182,28 @@ TEST_F(Payloads, ShortParcelsYieldZerosAndAnEmptyName) {
     fire([&](PlayerImplListener& l) { l.PostEvent_DtvAutoTuning(dtv); });
     jobject o = posted("TVPLAYER_DTV_AUTO_TUNING_SCAN_INFO", 0);
     ASSERT_NE(o, nullptr);
-    EXPECT_EQ(getS(o, "scanPercentageNum"), 3);
-    EXPECT_EQ(getS(o, "dtvSrvCount"), 0);
-    EXPECT_EQ(getI(o, "userData"), 0);
-    EXPECT_EQ(getZ(o, "isVHF"), JNI_FALSE);
+    EXPECT_EQ(th::getS(o, "scanPercentageNum"), 3);
+    EXPECT_EQ(th::getS(o, "dtvSrvCount"), 0);
+    EXPECT_EQ(th::getI(o, "userData"), 0);
+    EXPECT_EQ(th::getZ(o, "isVHF"), JNI_FALSE);
     bool isNull = true;
-    EXPECT_EQ(getStr(o, "rfSignalName", &isNull), "");
+    EXPECT_EQ(th::getStr(o, "rfSignalName", &isNull), "");
     EXPECT_FALSE(isNull) << "an empty name, not a missing one";
 
     android::Parcel empty;
     fire([&](PlayerImplListener& l) { l.PostEvent_AtvAutoTuning(empty); });
     o = posted("TVPLAYER_ATV_AUTO_TUNING_SCAN_INFO", 0);
     ASSERT_NE(o, nullptr);
-    EXPECT_EQ(getS(o, "percent"), 0);
-    EXPECT_EQ(getI(o, "frequencyKHz"), 0);
+    EXPECT_EQ(th::getS(o, "percent"), 0);
+    EXPECT_EQ(th::getI(o, "frequencyKHz"), 0);
 
     ParcelBuilder hbbB;
     android::Parcel& hbb = hbbB.ints({9, 1}).done();
     fire([&](PlayerImplListener& l) { l.PostEvent_HbbtvEvent(hbb); });
     o = posted("TVPLAYER_HBBTV_UI_EVENT", 0);
     ASSERT_NE(o, nullptr);
-    EXPECT_EQ(getI(o, "eEvent"), 9);
-    EXPECT_EQ(getInts(o, "param"), (std::vector<jint>{1, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(th::getI(o, "eEvent"), 9);
+    EXPECT_EQ(th::getInts(o, "param"), (std::vector<jint>{1, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
 }
 
 TEST_F(Payloads, ParcelsAreReadFromWhereTheServiceLeftThem) {
@@ -256,8 +213,8 @@ TEST_F(Payloads, ParcelsAreReadFromWhereTheServiceLeftThem) {
     fire([&](PlayerImplListener& l) { l.PostEvent_ManualTuning(p); });
     jobject o = posted("TVPLAYER_ATV_MANUAL_TUNING_SCAN_INFO", 8);
     ASSERT_NE(o, nullptr);
-    EXPECT_EQ(getS(o, "percent"), 50);
-    EXPECT_EQ(getI(o, "frequencyKHz"), 1000);
+    EXPECT_EQ(th::getS(o, "percent"), 50);
+    EXPECT_EQ(th::getI(o, "frequencyKHz"), 1000);
 }
 
 TEST_F(Payloads, AfterFinalizeScanEventsAreDroppedButHbbtvStillPosts) {
@@ -304,7 +261,7 @@ TEST_F(Payloads, ScanEventsShareOneObjectPerKind) {
     fire([&](PlayerImplListener& l) { l.PostEvent_ManualTuning(p2); });
     jobject second = posted("TVPLAYER_ATV_MANUAL_TUNING_SCAN_INFO", 0);
     EXPECT_TRUE(th::env()->IsSameObject(first, second));
-    EXPECT_EQ(getS(first, "percent"), 9) << "the shared object was refilled";
+    EXPECT_EQ(th::getS(first, "percent"), 9) << "the shared object was refilled";
     th::env()->DeleteGlobalRef(first);
 }
 

@@ -10,6 +10,7 @@
 
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
 #include "surface/video_surface.h"
 #include "tvdisplay_host.h"
@@ -22,10 +23,6 @@ constexpr int E = ANDROID_LOG_ERROR;
 
 const char* kSetVideo = "com_vireo_android_tvapi_impl_PlayerImpl_setVideoSurface";
 const char* kGpio = "com_vireo_android_tvapi_impl_PlayerImpl_setHdmiGpio";
-
-std::string fatal(const char* fn, int line, const char* cls) {
-    return std::string("[Fatal jni_exception] ") + fn + "(" + std::to_string(line) + "), " + cls;
-}
 
 // A native surface (with or without a producer) and the managed Surface in front of it.
 // The test holds a strong reference on the native surface for the managed object.
@@ -52,26 +49,14 @@ struct TestSurface {
     int32_t libraryRefs() const { return producer->getStrongCount() - 2; }
 };
 
-class Surface : public ::testing::Test {
+class Surface : public th::PlayerTest {
 protected:
     void SetUp() override {
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
+        PlayerTest::SetUp();
+        if (HasFatalFailure()) return;
         tvdisplay_host::setWindowId(1);
         tvdisplay_host::setCloseResult(1);
         tvdisplay_host::clearCalls();
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        if (player != nullptr) {
-            th::callV(player, "release", "()V");
-            th::env()->DeleteLocalRef(player);
-        }
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
     }
     void bind(jobject surface, jint type) {
         th::callV(player, "_setVideoSurface", "(Landroid/view/Surface;I)V", surface, type);
@@ -98,9 +83,6 @@ protected:
         if (a) th::env()->DeleteLocalRef(a);
         return r;
     }
-
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
 };
 
 TEST_F(Surface, EachBindHoldsOneReferenceOnTheNewestProducerOnly) {
@@ -155,7 +137,7 @@ TEST_F(Surface, BindsThatCannotGoAheadReportAndHoldNothingNew) {
     // A Surface without a producer: the old reference is already dropped.
     TestSurface bare(false, 2);
     bind(bare.managed, 0);
-    EXPECT_TRUE(th::hasLog(E, fatal(kSetVideo, 2768, "java/lang/IllegalStateException")));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(kSetVideo, 2768, "java/lang/IllegalStateException")));
     EXPECT_EQ(bound.libraryRefs(), 0);
     EXPECT_EQ(heldProducer(), reinterpret_cast<jlong>(bound.producer.get()))
         << "a failed bind leaves the old address behind";
@@ -165,7 +147,7 @@ TEST_F(Surface, BindsThatCannotGoAheadReportAndHoldNothingNew) {
     // A managed Surface with no native one.
     jobject empty = TestSurface::make(0);
     bind(empty, 0);
-    EXPECT_TRUE(th::hasLog(E, fatal(kSetVideo, 2763, "java/lang/IllegalStateException")));
+    EXPECT_TRUE(th::hasLog(E, th::fatalLine(kSetVideo, 2763, "java/lang/IllegalStateException")));
     th::env()->DeleteLocalRef(empty);
     EXPECT_TRUE(tvdisplay_host::calls().empty()) << "no window opened";
 
@@ -174,7 +156,8 @@ TEST_F(Surface, BindsThatCannotGoAheadReportAndHoldNothingNew) {
     th::callV(player, "release", "()V");
     th::clearLogs();
     bind(later.managed, 0);
-    EXPECT_TRUE(th::hasLog(E, fatal(kSetVideo, 2757, "java/lang/IllegalArgumentException")));
+    EXPECT_TRUE(
+        th::hasLog(E, th::fatalLine(kSetVideo, 2757, "java/lang/IllegalArgumentException")));
     EXPECT_EQ(later.libraryRefs(), 0);
 }
 
@@ -238,13 +221,14 @@ TEST_F(Surface, HdmiGpioPassesUpToFourValuesAndZeroesTheRest) {
     fake->clearCalls();
     EXPECT_EQ(gpio({}, true), JNI_FALSE);
     EXPECT_TRUE(th::hasLog(
-        E, fatal(kGpio, 2844, "com/vireo/android/tvapi/common/exception/TvCommonException")));
+        E,
+        th::fatalLine(kGpio, 2844, "com/vireo/android/tvapi/common/exception/TvCommonException")));
     EXPECT_TRUE(fake->callsOf("setHdmiGpio").empty());
 
     th::callV(player, "release", "()V");
     EXPECT_EQ(gpio({1, 2}), JNI_FALSE);
     EXPECT_TRUE(th::hasLog(
-        E, fatal(kGpio, 2840, "com/vireo/android/tvapi/common/exception/TvIpcException")));
+        E, th::fatalLine(kGpio, 2840, "com/vireo/android/tvapi/common/exception/TvIpcException")));
 }
 
 }  // namespace

@@ -5,10 +5,11 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
-#include <type_traits>
 
 #include "core/PlayerImpl.h"
+#include "harness/fields.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "marshal/atsc_eas.h"
 #include "marshal/demod.h"
 #include "marshal/multiplex.h"
@@ -31,93 +32,16 @@ const char* kEasSig = "()Lcom/vireo/android/tvapi/dtv/vo/MwAtscEasInfo;";
 const char* kTsSig = "(I)Lcom/vireo/android/tvapi/dtv/atsc/vo/AtscScanChannelNotify;";
 
 std::string fatal(const char* handler, int line, const char* cls) {
-    return std::string("[Fatal jni_exception] com_vireo_android_tvapi_impl_PlayerImpl_") + handler +
-           "(" + std::to_string(line) + "), " + cls;
+    return th::fatalLine(std::string("com_vireo_android_tvapi_impl_PlayerImpl_") + handler, line,
+                         cls);
 }
 
-// ---- Reading managed fields by name ----
-jfieldID fid(jobject o, const char* name, const char* sig) {
-    JNIEnv* e = th::env();
-    jclass c = e->GetObjectClass(o);
-    jfieldID id = e->GetFieldID(c, name, sig);
-    e->DeleteLocalRef(c);
-    if (id == nullptr) th::failOnPendingException();
-    return id;
-}
-jint I(jobject o, const char* n) { return th::env()->GetIntField(o, fid(o, n, "I")); }
-jshort S(jobject o, const char* n) { return th::env()->GetShortField(o, fid(o, n, "S")); }
-jbyte B(jobject o, const char* n) { return th::env()->GetByteField(o, fid(o, n, "B")); }
-jfloat F(jobject o, const char* n) { return th::env()->GetFloatField(o, fid(o, n, "F")); }
-jboolean Z(jobject o, const char* n) { return th::env()->GetBooleanField(o, fid(o, n, "Z")); }
-jobject L(jobject o, const char* n, const char* sig) {
-    return th::env()->GetObjectField(o, fid(o, n, sig));
-}
-// A primitive array field as comma-separated numbers.
-template <typename T>
-std::string numbers(jobject o, const char* n, const char* sig) {
-    JNIEnv* e = th::env();
-    jarray a = static_cast<jarray>(L(o, n, sig));
-    if (a == nullptr) return "null";
-    jsize len = e->GetArrayLength(a);
-    std::string s;
-    for (jsize i = 0; i < len; ++i) {
-        T v{};
-        if constexpr (std::is_same_v<T, jchar>)
-            e->GetCharArrayRegion(static_cast<jcharArray>(a), i, 1, &v);
-        if constexpr (std::is_same_v<T, jshort>)
-            e->GetShortArrayRegion(static_cast<jshortArray>(a), i, 1, &v);
-        if constexpr (std::is_same_v<T, jint>)
-            e->GetIntArrayRegion(static_cast<jintArray>(a), i, 1, &v);
-        s += std::to_string(v) + (i + 1 < len ? "," : "");
-    }
-    e->DeleteLocalRef(a);
-    return s;
-}
-std::string stringField(jobject o, const char* n, bool* isNull) {
-    auto s = static_cast<jstring>(L(o, n, "Ljava/lang/String;"));
-    std::string out = th::toStdString(s, isNull);
-    if (s != nullptr) th::env()->DeleteLocalRef(s);
-    return out;
-}
-
-// What a plain SetBooleanField of `byte` leaves in a boolean field on this VM.
-jboolean rawBooleanStore(jbyte byte) {
-    JNIEnv* e = th::env();
-    jclass c = th::findClass("com/vireo/android/tvapi/dtv/vo/VapiPsipEasException");
-    jobject o = e->AllocObject(c);
-    jfieldID id = e->GetFieldID(c, "bInBandRef", "Z");
-    e->SetBooleanField(o, id, static_cast<jboolean>(byte));
-    jboolean v = e->GetBooleanField(o, id);
-    e->DeleteLocalRef(o);
-    return v;
-}
-
-class ValuesMuxDemodEas : public ::testing::Test {
+class ValuesMuxDemodEas : public th::PlayerTest {
 protected:
-    void SetUp() override {
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        th::callV(player, "release", "()V");
-        th::env()->DeleteLocalRef(player);
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
-    }
     void dropPlayer() {
         th::callV(player, "release", "()V");
         th::clearLogs();
     }
-    void renewPlayer() {
-        th::env()->DeleteLocalRef(player);
-        player = th::newPlayer();
-    }
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
 };
 
 TEST_F(ValuesMuxDemodEas, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) {
@@ -208,24 +132,24 @@ DvbMuxInfoRec sampleMux() {
 
 void expectSampleMux(jobject m) {
     ASSERT_NE(m, nullptr);
-    EXPECT_EQ(I(m, "satTableId"), 65535);
-    EXPECT_EQ(I(m, "networkTableID"), 32768);
-    EXPECT_EQ(I(m, "refCnt"), 3);
-    EXPECT_EQ(I(m, "transportStreamId"), 0x1234);
-    EXPECT_EQ(I(m, "originalNetworkId"), 0x233A);
-    EXPECT_EQ(I(m, "networkId"), 0x3001);
-    EXPECT_EQ(I(m, "cellID"), 0xFFFE);
-    EXPECT_EQ(S(m, "rfNumber"), 200) << "zero-extended, not -56";
-    EXPECT_EQ(I(m, "frequency"), 474000);
-    EXPECT_EQ(I(m, "lossSignalFrequency"), -1);
-    EXPECT_EQ(I(m, "lossSignalStartTime"), 111);
-    EXPECT_EQ(I(m, "symbRate"), 6875);
-    EXPECT_EQ(S(m, "modulationMode"), 255);
-    EXPECT_EQ(I(m, "plpID"), 0xABCD);
-    EXPECT_EQ(Z(m, "lpCoding"), JNI_TRUE);
-    EXPECT_EQ(S(m, "satID"), 0x90);
-    EXPECT_EQ(S(m, "bandwidth"), 8);
-    EXPECT_EQ(I(m, "polarityPilotsReserved"), 0xF0);
+    EXPECT_EQ(th::getI(m, "satTableId"), 65535);
+    EXPECT_EQ(th::getI(m, "networkTableID"), 32768);
+    EXPECT_EQ(th::getI(m, "refCnt"), 3);
+    EXPECT_EQ(th::getI(m, "transportStreamId"), 0x1234);
+    EXPECT_EQ(th::getI(m, "originalNetworkId"), 0x233A);
+    EXPECT_EQ(th::getI(m, "networkId"), 0x3001);
+    EXPECT_EQ(th::getI(m, "cellID"), 0xFFFE);
+    EXPECT_EQ(th::getS(m, "rfNumber"), 200) << "zero-extended, not -56";
+    EXPECT_EQ(th::getI(m, "frequency"), 474000);
+    EXPECT_EQ(th::getI(m, "lossSignalFrequency"), -1);
+    EXPECT_EQ(th::getI(m, "lossSignalStartTime"), 111);
+    EXPECT_EQ(th::getI(m, "symbRate"), 6875);
+    EXPECT_EQ(th::getS(m, "modulationMode"), 255);
+    EXPECT_EQ(th::getI(m, "plpID"), 0xABCD);
+    EXPECT_EQ(th::getZ(m, "lpCoding"), JNI_TRUE);
+    EXPECT_EQ(th::getS(m, "satID"), 0x90);
+    EXPECT_EQ(th::getS(m, "bandwidth"), 8);
+    EXPECT_EQ(th::getI(m, "polarityPilotsReserved"), 0xF0);
 }
 
 TEST_F(ValuesMuxDemodEas, BothMultiplexQueriesZeroExtendAndPassTheirArguments) {
@@ -263,11 +187,11 @@ TEST_F(ValuesMuxDemodEas, RfInfoCarriesItsArgumentsAndName) {
     });
     jobject rf = th::callL(player, "native_getRfInfo", kRfSig, 2, -7);
     ASSERT_NE(rf, nullptr);
-    EXPECT_EQ(S(rf, "rfPhyNum"), -16);
-    EXPECT_EQ(I(rf, "frequency"), 177500);
-    EXPECT_EQ(Z(rf, "isVHF"), JNI_TRUE);
+    EXPECT_EQ(th::getS(rf, "rfPhyNum"), -16);
+    EXPECT_EQ(th::getI(rf, "frequency"), 177500);
+    EXPECT_EQ(th::getZ(rf, "isVHF"), JNI_TRUE);
     bool isNull = true;
-    EXPECT_EQ(stringField(rf, "rfName", &isNull), "");
+    EXPECT_EQ(th::getStr(rf, "rfName", &isNull), "");
     EXPECT_FALSE(isNull) << "an empty name is an empty string";
     th::env()->DeleteLocalRef(rf);
     auto calls = fake->callsOf("getRfInfo");
@@ -277,7 +201,7 @@ TEST_F(ValuesMuxDemodEas, RfInfoCarriesItsArgumentsAndName) {
 
     name = "CH 5A";
     rf = th::callL(player, "native_getRfInfo", kRfSig, 0, 0);
-    EXPECT_EQ(stringField(rf, "rfName", nullptr), "CH 5A");
+    EXPECT_EQ(th::getStr(rf, "rfName", nullptr), "CH 5A");
     th::env()->DeleteLocalRef(rf);
 }
 
@@ -319,10 +243,10 @@ TEST_F(ValuesMuxDemodEas, DemodVersionKeepsEveryByteZeroExtended) {
     });
     jobject v = th::callL(player, "native_getDTVDemodVersion", kVersionSig, 4);
     ASSERT_NE(v, nullptr);
-    EXPECT_EQ(numbers<jchar>(v, "name", "[C"), "65,0,67,195") << "a zero byte is kept inside";
-    EXPECT_EQ(numbers<jchar>(v, "version", "[C"), "48,49");
-    EXPECT_EQ(numbers<jchar>(v, "build", "[C"), "48,50");
-    EXPECT_EQ(numbers<jchar>(v, "changelist", "[C"), "49,50,51,52,53,54,55,255");
+    EXPECT_EQ(th::numbers<jchar>(v, "name", "[C"), "65,0,67,195") << "a zero byte is kept inside";
+    EXPECT_EQ(th::numbers<jchar>(v, "version", "[C"), "48,49");
+    EXPECT_EQ(th::numbers<jchar>(v, "build", "[C"), "48,50");
+    EXPECT_EQ(th::numbers<jchar>(v, "changelist", "[C"), "49,50,51,52,53,54,55,255");
     th::env()->DeleteLocalRef(v);
     EXPECT_EQ(fake->callsOf("getDTVDemodVersion")[0].args[0], 4);
     EXPECT_TRUE(th::hasLog(D, "getDTVDemodVersion"));
@@ -342,16 +266,16 @@ TEST_F(ValuesMuxDemodEas, DvbtStateCarriesBytesAndFloatsOrNullWhenRefused) {
     fake->setResult("getDemodDVBTInfo", 1);
     jobject t = th::callL(player, "getDemodDVBTInfo", kDvbtSig);
     ASSERT_NE(t, nullptr);
-    EXPECT_EQ(S(t, "u16Version"), static_cast<jshort>(0x8001));
-    EXPECT_EQ(B(t, "u16DemodState"), -128);
-    EXPECT_FLOAT_EQ(F(t, "SfoValue"), 1.5f);
-    EXPECT_FLOAT_EQ(F(t, "TotalCfo"), -0.25f);
-    EXPECT_EQ(S(t, "u16ChannelLength"), -1);
+    EXPECT_EQ(th::getS(t, "u16Version"), static_cast<jshort>(0x8001));
+    EXPECT_EQ(th::getB(t, "u16DemodState"), -128);
+    EXPECT_FLOAT_EQ(th::getF(t, "SfoValue"), 1.5f);
+    EXPECT_FLOAT_EQ(th::getF(t, "TotalCfo"), -0.25f);
+    EXPECT_EQ(th::getS(t, "u16ChannelLength"), -1);
     const char* names[] = {"u8Fft",      "u8Constel", "u8Gi",    "u8HpCr",   "u8LpCr",
                            "u8Hiearchy", "u8Fd",      "u8ChLen", "u8SnrSel", "u8PertoneNum",
                            "u8DigAci",   "u8FlagCi",  "u8TdCoef"};
     for (int i = 0; i < 13; ++i)
-        EXPECT_EQ(B(t, names[i]), static_cast<jbyte>(0xF0 + i)) << names[i];
+        EXPECT_EQ(th::getB(t, names[i]), static_cast<jbyte>(0xF0 + i)) << names[i];
     th::env()->DeleteLocalRef(t);
 
     th::clearLogs();
@@ -383,21 +307,21 @@ TEST_F(ValuesMuxDemodEas, DvbcStateKeepsBitsOrIsNullSilently) {
     fake->setResult("getDemodDVBCInfo", 1);
     jobject c = th::callL(player, "getDemodDVBCInfo", kDvbcSig);
     ASSERT_NE(c, nullptr);
-    EXPECT_EQ(S(c, "u16Version"), 3);
-    EXPECT_EQ(S(c, "u16SymbolRate"), -25536);
-    EXPECT_EQ(B(c, "eQamMode"), static_cast<jbyte>(0x81));
-    EXPECT_EQ(I(c, "u32IFFreq"), -1);
-    EXPECT_EQ(Z(c, "bSpecInv"), JNI_TRUE);
-    EXPECT_EQ(Z(c, "bSerialTS"), JNI_FALSE);
-    EXPECT_EQ(B(c, "u8SarValue"), -2);
-    EXPECT_EQ(I(c, "u32ChkScanTimeStart"), 123456);
-    EXPECT_EQ(B(c, "eLockStatus"), 2);
-    EXPECT_EQ(S(c, "u16Strength"), -32768);
-    EXPECT_EQ(S(c, "u16Quality"), 99);
-    EXPECT_EQ(I(c, "u32Intp"), static_cast<jint>(0x80000000u));
-    EXPECT_EQ(I(c, "u32FcFs"), 7);
-    EXPECT_EQ(B(c, "u8Qam"), 64);
-    EXPECT_EQ(S(c, "u16SymbolRateHal"), 6900);
+    EXPECT_EQ(th::getS(c, "u16Version"), 3);
+    EXPECT_EQ(th::getS(c, "u16SymbolRate"), -25536);
+    EXPECT_EQ(th::getB(c, "eQamMode"), static_cast<jbyte>(0x81));
+    EXPECT_EQ(th::getI(c, "u32IFFreq"), -1);
+    EXPECT_EQ(th::getZ(c, "bSpecInv"), JNI_TRUE);
+    EXPECT_EQ(th::getZ(c, "bSerialTS"), JNI_FALSE);
+    EXPECT_EQ(th::getB(c, "u8SarValue"), -2);
+    EXPECT_EQ(th::getI(c, "u32ChkScanTimeStart"), 123456);
+    EXPECT_EQ(th::getB(c, "eLockStatus"), 2);
+    EXPECT_EQ(th::getS(c, "u16Strength"), -32768);
+    EXPECT_EQ(th::getS(c, "u16Quality"), 99);
+    EXPECT_EQ(th::getI(c, "u32Intp"), static_cast<jint>(0x80000000u));
+    EXPECT_EQ(th::getI(c, "u32FcFs"), 7);
+    EXPECT_EQ(th::getB(c, "u8Qam"), 64);
+    EXPECT_EQ(th::getS(c, "u16SymbolRateHal"), 6900);
     th::env()->DeleteLocalRef(c);
 
     th::clearLogs();
@@ -441,55 +365,59 @@ TEST_F(ValuesMuxDemodEas, AlertArraysAreWholeWithTheRecordsMixedSignedness) {
     ASSERT_NE(a, nullptr);
     JNIEnv* e = th::env();
 
-    EXPECT_EQ(I(a, "u8VerNum"), -1);
-    EXPECT_EQ(I(a, "u16EAS_EventID"), -32768);
-    EXPECT_EQ(numbers<jint>(a, "au8EAS_OriginatorCode", "[I"), "87,88,-56");
-    EXPECT_EQ(I(a, "u8AlertTimeRemain"), 100);
-    EXPECT_EQ(I(a, "u32EventStartTime"), -16);
-    EXPECT_EQ(I(a, "u16EventDuration"), -30);
-    EXPECT_EQ(I(a, "u8AlertPriority"), -56);
-    EXPECT_EQ(I(a, "u16DetailsMajorNum"), 65535);
-    EXPECT_EQ(I(a, "u16DetailsMinorNum"), 32768);
-    EXPECT_EQ(I(a, "u8LocationCodeCount"), 0);
-    EXPECT_EQ(I(a, "u8ExceptionCount"), 0);
+    EXPECT_EQ(th::getI(a, "u8VerNum"), -1);
+    EXPECT_EQ(th::getI(a, "u16EAS_EventID"), -32768);
+    EXPECT_EQ(th::numbers<jint>(a, "au8EAS_OriginatorCode", "[I"), "87,88,-56");
+    EXPECT_EQ(th::getI(a, "u8AlertTimeRemain"), 100);
+    EXPECT_EQ(th::getI(a, "u32EventStartTime"), -16);
+    EXPECT_EQ(th::getI(a, "u16EventDuration"), -30);
+    EXPECT_EQ(th::getI(a, "u8AlertPriority"), -56);
+    EXPECT_EQ(th::getI(a, "u16DetailsMajorNum"), 65535);
+    EXPECT_EQ(th::getI(a, "u16DetailsMinorNum"), 32768);
+    EXPECT_EQ(th::getI(a, "u8LocationCodeCount"), 0);
+    EXPECT_EQ(th::getI(a, "u8ExceptionCount"), 0);
 
     auto exc = static_cast<jobjectArray>(
-        L(a, "astException", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasException;"));
+        th::getL(a, "astException", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasException;"));
     ASSERT_EQ(e->GetArrayLength(exc), 31);
     jobject x = e->GetObjectArrayElement(exc, 0);
-    EXPECT_EQ(I(x, "u16ExcMajorNum"), 32768) << "unsigned: zero-extended";
-    EXPECT_EQ(I(x, "u16ExcMinorNum"), 65535);
-    EXPECT_EQ(I(x, "u16ExcOOB_SrcID"), -32768) << "signed: sign-extended";
-    EXPECT_EQ(Z(x, "bInBandRef"), rawBooleanStore(2)) << "the flag byte 2 is stored as it is";
-    EXPECT_NE(Z(x, "bInBandRef"), JNI_TRUE);
+    EXPECT_EQ(th::getI(x, "u16ExcMajorNum"), 32768) << "unsigned: zero-extended";
+    EXPECT_EQ(th::getI(x, "u16ExcMinorNum"), 65535);
+    EXPECT_EQ(th::getI(x, "u16ExcOOB_SrcID"), -32768) << "signed: sign-extended";
+    EXPECT_EQ(
+        th::getZ(x, "bInBandRef"),
+        th::rawBooleanStore("com/vireo/android/tvapi/dtv/vo/VapiPsipEasException", "bInBandRef", 2))
+        << "the flag byte 2 is stored as it is";
+    EXPECT_NE(th::getZ(x, "bInBandRef"), JNI_TRUE);
     e->DeleteLocalRef(x);
     x = e->GetObjectArrayElement(exc, 30);
-    EXPECT_EQ(Z(x, "bInBandRef"), JNI_TRUE);
-    EXPECT_EQ(I(x, "u16ExcMajorNum") * 100 + I(x, "u16ExcMinorNum") * 10 + I(x, "u16ExcOOB_SrcID"),
+    EXPECT_EQ(th::getZ(x, "bInBandRef"), JNI_TRUE);
+    EXPECT_EQ(th::getI(x, "u16ExcMajorNum") * 100 + th::getI(x, "u16ExcMinorNum") * 10 +
+                  th::getI(x, "u16ExcOOB_SrcID"),
               789);
     e->DeleteLocalRef(x);
     e->DeleteLocalRef(exc);
 
-    auto loc = static_cast<jobjectArray>(
-        L(a, "astLocationCode", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode;"));
+    auto loc = static_cast<jobjectArray>(th::getL(
+        a, "astLocationCode", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode;"));
     ASSERT_EQ(e->GetArrayLength(loc), 31);
     x = e->GetObjectArrayElement(loc, 0);
-    EXPECT_EQ(I(x, "u8StateCode"), -128);
-    EXPECT_EQ(I(x, "u8CountySubdivision"), -1);
-    EXPECT_EQ(I(x, "u16CountyCode"), -1);
+    EXPECT_EQ(th::getI(x, "u8StateCode"), -128);
+    EXPECT_EQ(th::getI(x, "u8CountySubdivision"), -1);
+    EXPECT_EQ(th::getI(x, "u16CountyCode"), -1);
     e->DeleteLocalRef(x);
     x = e->GetObjectArrayElement(loc, 30);
-    EXPECT_EQ(I(x, "u8StateCode"), 12);
-    EXPECT_EQ(I(x, "u8CountySubdivision"), 3);
-    EXPECT_EQ(I(x, "u16CountyCode"), 4567);
+    EXPECT_EQ(th::getI(x, "u8StateCode"), 12);
+    EXPECT_EQ(th::getI(x, "u8CountySubdivision"), 3);
+    EXPECT_EQ(th::getI(x, "u16CountyCode"), 4567);
     e->DeleteLocalRef(x);
     e->DeleteLocalRef(loc);
 
-    EXPECT_EQ(numbers<jshort>(a, "au8EAS_EventCode", "[S"), "82,87,84,0,0");
-    std::string nat = numbers<jshort>(a, "au8NatActText", "[S");
+    EXPECT_EQ(th::numbers<jshort>(a, "au8EAS_EventCode", "[S"), "82,87,84,0,0");
+    std::string nat = th::numbers<jshort>(a, "au8NatActText", "[S");
     EXPECT_EQ(std::count(nat.begin(), nat.end(), ',') + 1, 128);
     EXPECT_EQ(nat.substr(nat.size() - 3), ",-1");
-    std::string alert = numbers<jshort>(a, "au8AlertText", "[S");
+    std::string alert = th::numbers<jshort>(a, "au8AlertText", "[S");
     EXPECT_EQ(std::count(alert.begin(), alert.end(), ',') + 1, 512)
         << "the full length, past the zero";
     EXPECT_EQ(alert.substr(0, 6), "65,-1,");

@@ -6,7 +6,9 @@
 #include <string>
 
 #include "core/PlayerImpl.h"
+#include "harness/fields.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "marshal/audio.h"
 #include "marshal/picture.h"
 #include "playerimpl_host/fake_player.h"
@@ -18,70 +20,15 @@ constexpr int E = ANDROID_LOG_ERROR;
 const char* kVo = "Lcom/vireo/android/tvapi/common/vo/";
 
 std::string fatal(const char* handler, int line, const char* cls) {
-    return std::string("[Fatal jni_exception] com_vireo_android_tvapi_impl_PlayerImpl_") + handler +
-           "(" + std::to_string(line) + "), " + cls;
+    return th::fatalLine(std::string("com_vireo_android_tvapi_impl_PlayerImpl_") + handler, line,
+                         cls);
 }
 
-// ---- Reading managed fields by name ----
-jfieldID fid(jobject o, const char* name, const char* sig) {
-    JNIEnv* e = th::env();
-    jclass c = e->GetObjectClass(o);
-    jfieldID id = e->GetFieldID(c, name, sig);
-    e->DeleteLocalRef(c);
-    if (id == nullptr) th::failOnPendingException();
-    return id;
-}
-jint I(jobject o, const char* n) { return th::env()->GetIntField(o, fid(o, n, "I")); }
-jshort S(jobject o, const char* n) { return th::env()->GetShortField(o, fid(o, n, "S")); }
-jboolean Z(jobject o, const char* n) { return th::env()->GetBooleanField(o, fid(o, n, "Z")); }
-jobject L(jobject o, const char* n, const char* sig) {
-    return th::env()->GetObjectField(o, fid(o, n, sig));
-}
-std::string chars(jcharArray a) {
-    std::string s;
-    JNIEnv* e = th::env();
-    jsize n = e->GetArrayLength(a);
-    for (jsize i = 0; i < n; ++i) {
-        jchar c;
-        e->GetCharArrayRegion(a, i, 1, &c);
-        s += std::to_string(c) + (i + 1 < n ? "," : "");
-    }
-    return s;
-}
-
-// What a plain SetBooleanField of `byte` leaves in a boolean field on this VM.
-jboolean rawBooleanStore(jbyte byte) {
-    JNIEnv* e = th::env();
-    jclass c = th::findClass("com/vireo/android/tvapi/common/vo/VideoArcInfo");
-    jobject o = e->AllocObject(c);
-    jfieldID id = e->GetFieldID(c, "bSetCusWin", "Z");
-    e->SetBooleanField(o, id, static_cast<jboolean>(byte));
-    jboolean v = e->GetBooleanField(o, id);
-    e->DeleteLocalRef(o);
-    return v;
-}
-
-class ValuesPictureAudio : public ::testing::Test {
+class ValuesPictureAudio : public th::PlayerTest {
 protected:
-    void SetUp() override {
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        th::callV(player, "release", "()V");
-        th::env()->DeleteLocalRef(player);
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
-    }
     jobject get(const char* name, const char* cls) {
         return th::callL(player, name, (std::string("()") + cls).c_str());
     }
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
 };
 
 TEST_F(ValuesPictureAudio, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) {
@@ -115,8 +62,7 @@ TEST_F(ValuesPictureAudio, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) 
     EXPECT_TRUE(th::hasLog(D, "native_getAspectRatio"));
     EXPECT_TRUE(fake->calls().empty());
     // Leave a player for TearDown's release.
-    th::env()->DeleteLocalRef(player);
-    player = th::newPlayer();
+    renewPlayer();
 }
 
 TEST_F(ValuesPictureAudio, AspectRatioCarriesBitsAndTheWholeBooleanByte) {
@@ -134,23 +80,25 @@ TEST_F(ValuesPictureAudio, AspectRatioCarriesBitsAndTheWholeBooleanByte) {
     std::string sig = std::string(kVo) + "VideoArcInfo;";
     jobject arc = th::callL(player, "native_getAspectRatio", ("()" + sig).c_str());
     ASSERT_NE(arc, nullptr);
-    EXPECT_EQ(I(arc, "arcType"), 7);
-    EXPECT_EQ(I(arc, "threeDimensionArcType"), -3);
-    EXPECT_EQ(S(arc, "adjArcLeft"), -1);
-    EXPECT_EQ(S(arc, "adjArcRight"), 0x7FFF);
-    EXPECT_EQ(S(arc, "adjArcUp"), -32768);
-    EXPECT_EQ(S(arc, "adjArcDown"), 12);
+    EXPECT_EQ(th::getI(arc, "arcType"), 7);
+    EXPECT_EQ(th::getI(arc, "threeDimensionArcType"), -3);
+    EXPECT_EQ(th::getS(arc, "adjArcLeft"), -1);
+    EXPECT_EQ(th::getS(arc, "adjArcRight"), 0x7FFF);
+    EXPECT_EQ(th::getS(arc, "adjArcUp"), -32768);
+    EXPECT_EQ(th::getS(arc, "adjArcDown"), 12);
     // The byte 2 is stored as it is: the field reads what a plain store of 2 gives on this VM,
     // not the true that a 0/1 reduction would give.
-    EXPECT_EQ(Z(arc, "bSetCusWin"), rawBooleanStore(2));
-    EXPECT_NE(Z(arc, "bSetCusWin"), JNI_TRUE);
+    EXPECT_EQ(
+        th::getZ(arc, "bSetCusWin"),
+        th::rawBooleanStore("com/vireo/android/tvapi/common/vo/VideoArcInfo", "bSetCusWin", 2));
+    EXPECT_NE(th::getZ(arc, "bSetCusWin"), JNI_TRUE);
     // No constructor ran: the managed-only field the constructor sets is still null.
-    EXPECT_EQ(L(arc, "description", "Ljava/lang/String;"), nullptr);
+    EXPECT_EQ(th::getL(arc, "description", "Ljava/lang/String;"), nullptr);
     th::env()->DeleteLocalRef(arc);
 
     cusWin = 1;
     arc = th::callL(player, "native_getAspectRatio", ("()" + sig).c_str());
-    EXPECT_EQ(Z(arc, "bSetCusWin"), JNI_TRUE);
+    EXPECT_EQ(th::getZ(arc, "bSetCusWin"), JNI_TRUE);
     th::env()->DeleteLocalRef(arc);
     EXPECT_EQ(th::countLog(D, "native_getAspectRatio"), 2);
 }
@@ -162,7 +110,7 @@ TEST_F(ValuesPictureAudio, VideoInfoSignExtendsAndKeepsScanTypeApartFromModeInde
     ASSERT_NE(v, nullptr);
     for (const char* f : {"hResolution", "vResolution", "frameRate", "enScanType", "modeIndex",
                           "arcDescriptionType", "arcType", "afdAspectRatio"}) {
-        EXPECT_EQ(I(v, f), 0) << f;
+        EXPECT_EQ(th::getI(v, f), 0) << f;
     }
     th::env()->DeleteLocalRef(v);
 
@@ -178,14 +126,14 @@ TEST_F(ValuesPictureAudio, VideoInfoSignExtendsAndKeepsScanTypeApartFromModeInde
         r.afdAspectRatio = -9;
     });
     v = th::callL(player, "getVideoInfo", ("()" + sig).c_str());
-    EXPECT_EQ(I(v, "hResolution"), -1);
-    EXPECT_EQ(I(v, "vResolution"), 1080);
-    EXPECT_EQ(I(v, "frameRate"), 50000);
-    EXPECT_EQ(I(v, "modeIndex"), -128);
-    EXPECT_EQ(I(v, "enScanType"), 2);
-    EXPECT_EQ(I(v, "arcDescriptionType"), 3);
-    EXPECT_EQ(I(v, "arcType"), 4);
-    EXPECT_EQ(I(v, "afdAspectRatio"), -9);
+    EXPECT_EQ(th::getI(v, "hResolution"), -1);
+    EXPECT_EQ(th::getI(v, "vResolution"), 1080);
+    EXPECT_EQ(th::getI(v, "frameRate"), 50000);
+    EXPECT_EQ(th::getI(v, "modeIndex"), -128);
+    EXPECT_EQ(th::getI(v, "enScanType"), 2);
+    EXPECT_EQ(th::getI(v, "arcDescriptionType"), 3);
+    EXPECT_EQ(th::getI(v, "arcType"), 4);
+    EXPECT_EQ(th::getI(v, "afdAspectRatio"), -9);
     th::env()->DeleteLocalRef(v);
 }
 
@@ -204,14 +152,14 @@ TEST_F(ValuesPictureAudio, SignalInformationCarriesShortsAndTheNetworkName) {
     std::string sig = std::string(kVo) + "DtvProgramSignalInfo;";
     jobject s = th::callL(player, "getCurrentSignalInformation", ("()" + sig).c_str());
     ASSERT_NE(s, nullptr);
-    EXPECT_EQ(S(s, "rfNumber"), -1);
-    EXPECT_EQ(I(s, "modulationMode"), 64);
-    EXPECT_EQ(S(s, "amMode"), static_cast<jshort>(0x8001));
-    EXPECT_EQ(I(s, "quality"), 90);
-    EXPECT_EQ(I(s, "strength"), -70);
-    EXPECT_EQ(I(s, "symbolRate"), 6900);
+    EXPECT_EQ(th::getS(s, "rfNumber"), -1);
+    EXPECT_EQ(th::getI(s, "modulationMode"), 64);
+    EXPECT_EQ(th::getS(s, "amMode"), static_cast<jshort>(0x8001));
+    EXPECT_EQ(th::getI(s, "quality"), 90);
+    EXPECT_EQ(th::getI(s, "strength"), -70);
+    EXPECT_EQ(th::getI(s, "symbolRate"), 6900);
     bool isNull = true;
-    auto str = static_cast<jstring>(L(s, "networkName", "Ljava/lang/String;"));
+    auto str = static_cast<jstring>(th::getL(s, "networkName", "Ljava/lang/String;"));
     EXPECT_EQ(th::toStdString(str, &isNull), "");
     EXPECT_FALSE(isNull) << "an empty name is an empty string";
     th::env()->DeleteLocalRef(str);
@@ -219,7 +167,7 @@ TEST_F(ValuesPictureAudio, SignalInformationCarriesShortsAndTheNetworkName) {
 
     name = "Das Erste \xC3\x9C";  // UTF-8 text arrives as the same characters
     s = th::callL(player, "getCurrentSignalInformation", ("()" + sig).c_str());
-    str = static_cast<jstring>(L(s, "networkName", "Ljava/lang/String;"));
+    str = static_cast<jstring>(th::getL(s, "networkName", "Ljava/lang/String;"));
     EXPECT_EQ(th::toStdString(str), name);
     th::env()->DeleteLocalRef(str);
     th::env()->DeleteLocalRef(s);
@@ -244,26 +192,27 @@ void fillTrack(AudioInfoRec& t, int i) {
 // The whole DtvAudioInfo as text, so that two results compare in one line.
 std::string describeAudio(jobject a) {
     JNIEnv* e = th::env();
-    std::string s = "n=" + std::to_string(S(a, "audioLangNum")) +
-                    " idx=" + std::to_string(S(a, "currentAudioIndex")) +
-                    " mode=" + std::to_string(S(a, "currentChannelMode"));
+    std::string s = "n=" + std::to_string(th::getS(a, "audioLangNum")) +
+                    " idx=" + std::to_string(th::getS(a, "currentAudioIndex")) +
+                    " mode=" + std::to_string(th::getS(a, "currentChannelMode"));
     auto arr = static_cast<jobjectArray>(
-        L(a, "audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"));
+        th::getL(a, "audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"));
     if (arr == nullptr) return s + " infos=null";
     jsize n = e->GetArrayLength(arr);
     s += " len=" + std::to_string(n);
     for (jsize i = 0; i < n; ++i) {
         jobject t = e->GetObjectArrayElement(arr, i);
-        jobject lang = L(t, "isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;");
-        auto code = static_cast<jcharArray>(L(lang, "isoLangInfo", "[C"));
-        s += " [pid=" + std::to_string(I(t, "audioPid")) +
-             " type=" + std::to_string(S(t, "audioType")) +
-             " aac=" + std::to_string(S(t, "aacType")) +
-             " prof=" + std::to_string(S(t, "aacProfileAndLevel")) +
-             " mix=" + std::to_string(Z(t, "broadcastMixAd")) +
-             " lmode=" + std::to_string(S(lang, "audioMode")) +
-             " ltype=" + std::to_string(S(lang, "audioType")) +
-             " valid=" + std::to_string(Z(lang, "isValid")) + " code=" + chars(code) + "]";
+        jobject lang = th::getL(t, "isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;");
+        auto code = static_cast<jcharArray>(th::getL(lang, "isoLangInfo", "[C"));
+        s += " [pid=" + std::to_string(th::getI(t, "audioPid")) +
+             " type=" + std::to_string(th::getS(t, "audioType")) +
+             " aac=" + std::to_string(th::getS(t, "aacType")) +
+             " prof=" + std::to_string(th::getS(t, "aacProfileAndLevel")) +
+             " mix=" + std::to_string(th::getZ(t, "broadcastMixAd")) +
+             " lmode=" + std::to_string(th::getS(lang, "audioMode")) +
+             " ltype=" + std::to_string(th::getS(lang, "audioType")) +
+             " valid=" + std::to_string(th::getZ(lang, "isValid")) +
+             " code=" + th::numbers<jchar>(code) + "]";
         e->DeleteLocalRef(code);
         e->DeleteLocalRef(lang);
         e->DeleteLocalRef(t);

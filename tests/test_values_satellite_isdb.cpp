@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "core/PlayerImpl.h"
+#include "harness/fields.h"
 #include "harness/jvm_harness.h"
+#include "harness/player_test.h"
 #include "marshal/isdb.h"
 #include "marshal/satellite.h"
 #include "playerimpl_host/fake_player.h"
@@ -16,94 +18,31 @@ namespace {
 
 constexpr int D = ANDROID_LOG_DEBUG;
 constexpr int I = ANDROID_LOG_INFO;
-constexpr int E = ANDROID_LOG_ERROR;
 
 const char* kSat = "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/SatelliteInfo";
 const char* kTp = "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/DvbsTransponderInfo";
 const char* kSatSig = "Lcom/vireo/android/tvapi/dtv/dvb/dvbs/vo/SatelliteInfo;";
 const char* kTpSig = "Lcom/vireo/android/tvapi/dtv/dvb/dvbs/vo/DvbsTransponderInfo;";
 
-// Field access on managed value objects by name, as the managed side would use them.
-jfieldID fid(jobject o, const char* name, const char* sig) {
-    jclass c = th::env()->GetObjectClass(o);
-    jfieldID id = th::env()->GetFieldID(c, name, sig);
-    th::env()->DeleteLocalRef(c);
-    th::failOnPendingException();
-    return id;
-}
-jint getI(jobject o, const char* n) { return th::env()->GetIntField(o, fid(o, n, "I")); }
-jshort getS(jobject o, const char* n) { return th::env()->GetShortField(o, fid(o, n, "S")); }
-jbyte getB(jobject o, const char* n) { return th::env()->GetByteField(o, fid(o, n, "B")); }
-jboolean getZ(jobject o, const char* n) { return th::env()->GetBooleanField(o, fid(o, n, "Z")); }
-void setI(jobject o, const char* n, jint v) { th::env()->SetIntField(o, fid(o, n, "I"), v); }
-void setS(jobject o, const char* n, jshort v) { th::env()->SetShortField(o, fid(o, n, "S"), v); }
-void setB(jobject o, const char* n, jbyte v) { th::env()->SetByteField(o, fid(o, n, "B"), v); }
-void setZ(jobject o, const char* n, jboolean v) {
-    th::env()->SetBooleanField(o, fid(o, n, "Z"), v);
-}
-std::string getStr(jobject o, const char* n, bool* isNull) {
-    auto s = static_cast<jstring>(th::env()->GetObjectField(o, fid(o, n, "Ljava/lang/String;")));
-    std::string out = th::toStdString(s, isNull);
-    if (s) th::env()->DeleteLocalRef(s);
-    return out;
-}
-void setStr(jobject o, const char* n, const char* text) {
-    jstring s = text ? th::env()->NewStringUTF(text) : nullptr;
-    th::env()->SetObjectField(o, fid(o, n, "Ljava/lang/String;"), s);
-    if (s) th::env()->DeleteLocalRef(s);
-}
-jobject newObject(const char* cls) {
-    jclass c = th::findClass(cls);
-    jobject o = th::env()->NewObject(c, th::env()->GetMethodID(c, "<init>", "()V"));
-    th::failOnPendingException();
-    return o;
-}
-
-bool hasFatal(const char* handler, const char* cls) {
-    for (const auto& l :
-         th::logsContaining(std::string("[Fatal jni_exception] ") + handler + "(")) {
-        if (l.prio == E && l.text.find(cls) != std::string::npos) return true;
-    }
-    return false;
-}
-
-class ValuesSatelliteIsdb : public ::testing::Test {
-protected:
-    void SetUp() override {
-        host::useFakePlayer();
-        player = th::newPlayer();
-        fake = host::lastFakePlayer();
-        ASSERT_NE(fake, nullptr);
-        th::clearLogs();
-        th::clearVmOutput();
-    }
-    void TearDown() override {
-        th::callV(player, "release", "()V");
-        th::env()->DeleteLocalRef(player);
-        th::expectNoJniWarnings();
-        host::resetConnectFactory();
-    }
-    jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
-};
+class ValuesSatelliteIsdb : public th::PlayerTest {};
 
 // ---- Satellites ----
 
 TEST_F(ValuesSatelliteIsdb, AddedSatelliteReachesThePlayerNarrowedToItsRecord) {
-    jobject sat = newObject(kSat);
-    setStr(sat, "satName", "Astra 19.2E");
-    setI(sat, "lowLOF", 70000);  // 70000 mod 65536
-    setI(sat, "hiLOF", 10600);
-    setI(sat, "lnbFreq", 7);  // the record holds lnbType first: paired by name
-    setI(sat, "lnbType", 3);
-    setS(sat, "diseqcLevel", 300);  // 300 mod 256
-    setS(sat, "position", 255);
-    setI(sat, "angle", 192);
-    setI(sat, "numberOfTp", 0x1FFFF);
-    setS(sat, "satelliteId", 12);
-    setI(sat, "frequency", 11778);
-    setZ(sat, "mdu", JNI_TRUE);
-    setS(sat, "lnbIdx", -1);
+    jobject sat = th::newObject(kSat);
+    th::setStr(sat, "satName", "Astra 19.2E");
+    th::setI(sat, "lowLOF", 70000);  // 70000 mod 65536
+    th::setI(sat, "hiLOF", 10600);
+    th::setI(sat, "lnbFreq", 7);  // the record holds lnbType first: paired by name
+    th::setI(sat, "lnbType", 3);
+    th::setS(sat, "diseqcLevel", 300);  // 300 mod 256
+    th::setS(sat, "position", 255);
+    th::setI(sat, "angle", 192);
+    th::setI(sat, "numberOfTp", 0x1FFFF);
+    th::setS(sat, "satelliteId", 12);
+    th::setI(sat, "frequency", 11778);
+    th::setZ(sat, "mdu", JNI_TRUE);
+    th::setS(sat, "lnbIdx", -1);
 
     SatelliteInfoRec seen{};
     std::string name;
@@ -143,10 +82,10 @@ TEST_F(ValuesSatelliteIsdb, AddedSatelliteReachesThePlayerNarrowedToItsRecord) {
 
 TEST_F(ValuesSatelliteIsdb, UpdateCopiesAnyNameWholeAndGoesOnWithoutOne) {
     const std::string sig = std::string("(I") + kSatSig + ")Z";
-    jobject sat = newObject(kSat);
+    jobject sat = th::newObject(kSat);
     std::string longName(20000, 'x');
     longName += "\xC3\xA9nd";  // a two-byte character at the very end
-    setStr(sat, "satName", longName.c_str());
+    th::setStr(sat, "satName", longName.c_str());
     std::vector<std::string> names;
     fake->onCall("updateSatelliteInfo", [&](const host::OutArgs& o) {
         names.push_back(o.at<SatelliteInfoRec>(0).satName.c_str());
@@ -157,7 +96,7 @@ TEST_F(ValuesSatelliteIsdb, UpdateCopiesAnyNameWholeAndGoesOnWithoutOne) {
     EXPECT_EQ(names[0], longName) << "no length limit";
     EXPECT_EQ(fake->callsOf("updateSatelliteInfo")[0].args[0], 6);
 
-    setStr(sat, "satName", nullptr);
+    th::setStr(sat, "satName", nullptr);
     th::clearLogs();
     EXPECT_EQ(th::callZ(player, "updateSatelliteInfo", sig.c_str(), 7, sat), JNI_TRUE);
     EXPECT_TRUE(th::hasLog(D, "Attention the Dtv_DVBS_Satellite_Info Satellite Name is null"));
@@ -188,30 +127,30 @@ TEST_F(ValuesSatelliteIsdb, SatelliteRecordComesBackZeroExtended) {
     ASSERT_NE(sat, nullptr);
     EXPECT_EQ(fake->callsOf("getSatelliteInfo")[0].args[0], 3);
     bool isNull = true;
-    EXPECT_EQ(getStr(sat, "satName", &isNull), "Hot Bird");
-    EXPECT_EQ(getI(sat, "lowLOF"), 65535);
-    EXPECT_EQ(getI(sat, "hiLOF"), 10600);
-    EXPECT_EQ(getI(sat, "lnbType"), 1);
-    EXPECT_EQ(getI(sat, "lnbFreq"), 2);
-    EXPECT_EQ(getS(sat, "diseqcLevel"), 128);
-    EXPECT_EQ(getS(sat, "position"), 255);
-    EXPECT_EQ(getI(sat, "angle"), 130);
-    EXPECT_EQ(getS(sat, "satelliteId"), 254);
-    EXPECT_EQ(getI(sat, "frequency"), 32768);
-    EXPECT_EQ(getS(sat, "pin"), 9);
-    EXPECT_EQ(getS(sat, "lnbIdx"), 255);
+    EXPECT_EQ(th::getStr(sat, "satName", &isNull), "Hot Bird");
+    EXPECT_EQ(th::getI(sat, "lowLOF"), 65535);
+    EXPECT_EQ(th::getI(sat, "hiLOF"), 10600);
+    EXPECT_EQ(th::getI(sat, "lnbType"), 1);
+    EXPECT_EQ(th::getI(sat, "lnbFreq"), 2);
+    EXPECT_EQ(th::getS(sat, "diseqcLevel"), 128);
+    EXPECT_EQ(th::getS(sat, "position"), 255);
+    EXPECT_EQ(th::getI(sat, "angle"), 130);
+    EXPECT_EQ(th::getS(sat, "satelliteId"), 254);
+    EXPECT_EQ(th::getI(sat, "frequency"), 32768);
+    EXPECT_EQ(th::getS(sat, "pin"), 9);
+    EXPECT_EQ(th::getS(sat, "lnbIdx"), 255);
     // The byte goes out as it stands; this VM keeps bit 0 of a stored boolean, so 2 reads
     // false here where the device's runtime keeps the byte.
-    EXPECT_EQ(getZ(sat, "mdu"), JNI_FALSE);
+    EXPECT_EQ(th::getZ(sat, "mdu"), JNI_FALSE);
     th::env()->DeleteLocalRef(sat);
 
     // An index the player does not know: an object anyway, with an empty (not null) name.
     fake->onCall("getSatelliteInfo", [](const host::OutArgs&) {});
     sat = th::callL(player, "getSatelliteInfo", sig.c_str(), 99);
     ASSERT_NE(sat, nullptr);
-    EXPECT_EQ(getStr(sat, "satName", &isNull), "");
+    EXPECT_EQ(th::getStr(sat, "satName", &isNull), "");
     EXPECT_FALSE(isNull);
-    EXPECT_EQ(getI(sat, "lowLOF"), 0);
+    EXPECT_EQ(th::getI(sat, "lowLOF"), 0);
     th::env()->DeleteLocalRef(sat);
 }
 
@@ -233,23 +172,23 @@ TEST_F(ValuesSatelliteIsdb, TransponderBytesComeBackAsTheirManagedTypes) {
     auto call = fake->callsOf("getTransponderInfo").at(0);
     EXPECT_EQ(call.args[0], 2);
     EXPECT_EQ(call.args[1], 17);
-    EXPECT_EQ(getI(tp, "frequency"), -5) << "32 bits as they are";
-    EXPECT_EQ(getI(tp, "symbolRate"), 65535);
-    EXPECT_EQ(getB(tp, "polarity"), -1) << "the byte as it is";
-    EXPECT_EQ(getS(tp, "satelliteId"), 255);
-    EXPECT_EQ(getS(tp, "rf"), 0x81);
-    EXPECT_EQ(getI(tp, "tpId"), 0xFFFE);
+    EXPECT_EQ(th::getI(tp, "frequency"), -5) << "32 bits as they are";
+    EXPECT_EQ(th::getI(tp, "symbolRate"), 65535);
+    EXPECT_EQ(th::getB(tp, "polarity"), -1) << "the byte as it is";
+    EXPECT_EQ(th::getS(tp, "satelliteId"), 255);
+    EXPECT_EQ(th::getS(tp, "rf"), 0x81);
+    EXPECT_EQ(th::getI(tp, "tpId"), 0xFFFE);
     th::env()->DeleteLocalRef(tp);
 }
 
 TEST_F(ValuesSatelliteIsdb, TransponderReachesThePlayerForAddAndUpdate) {
-    jobject tp = newObject(kTp);
-    setI(tp, "frequency", 12603000);
-    setI(tp, "symbolRate", 0x12345);  // cut to 16 bits
-    setB(tp, "polarity", -1);
-    setS(tp, "satelliteId", 200);
-    setS(tp, "rf", 7);
-    setI(tp, "tpId", 65535);
+    jobject tp = th::newObject(kTp);
+    th::setI(tp, "frequency", 12603000);
+    th::setI(tp, "symbolRate", 0x12345);  // cut to 16 bits
+    th::setB(tp, "polarity", -1);
+    th::setS(tp, "satelliteId", 200);
+    th::setS(tp, "rf", 7);
+    th::setI(tp, "tpId", 65535);
     std::vector<DvbsTransponderInfoRec> seen;
     auto keep = [&](const host::OutArgs& o) { seen.push_back(o.at<DvbsTransponderInfoRec>(0)); };
     fake->onCall("addTransponderInfo", keep);
@@ -293,15 +232,14 @@ TEST_F(ValuesSatelliteIsdb, EwbsCodeListHoldsAtMostAHundredButDataLenTellsAll) {
     ASSERT_NE(info, nullptr);
     EXPECT_TRUE(th::hasLog(I, "getEWBSInfo, code = 42"));
     EXPECT_TRUE(th::hasLog(I, "ret = -3"));
-    EXPECT_EQ(getI(info, "reqAreaCode"), 42);
-    EXPECT_EQ(getI(info, "returnCode"), -3);
-    EXPECT_EQ(getI(info, "titleType"), 7);
-    EXPECT_EQ(getI(info, "dataLen"), 150);
+    EXPECT_EQ(th::getI(info, "reqAreaCode"), 42);
+    EXPECT_EQ(th::getI(info, "returnCode"), -3);
+    EXPECT_EQ(th::getI(info, "titleType"), 7);
+    EXPECT_EQ(th::getI(info, "dataLen"), 150);
     EXPECT_TRUE(th::hasLog(I, "list size = 100"));
     EXPECT_EQ(th::logsContaining("code[").size(), 100u);
     EXPECT_TRUE(th::hasLog(I, "code[99] = 1099"));
-    auto list =
-        static_cast<jintArray>(th::env()->GetObjectField(info, fid(info, "codeList", "[I")));
+    auto list = static_cast<jintArray>(th::getL(info, "codeList", "[I"));
     ASSERT_NE(list, nullptr);
     ASSERT_EQ(th::env()->GetArrayLength(list), 100);
     std::vector<jint> got(100);
@@ -315,11 +253,11 @@ TEST_F(ValuesSatelliteIsdb, EwbsCodeListHoldsAtMostAHundredButDataLenTellsAll) {
     fake->onCall("getEWBSInfo", [](const host::OutArgs&) {});
     info = th::callL(player, "getEWBSInfo", sig.c_str(), 1);
     ASSERT_NE(info, nullptr);
-    EXPECT_EQ(getI(info, "dataLen"), 0);
-    EXPECT_EQ(getI(info, "titleType"), 0);
+    EXPECT_EQ(th::getI(info, "dataLen"), 0);
+    EXPECT_EQ(th::getI(info, "titleType"), 0);
     EXPECT_TRUE(th::hasLog(I, "list size = 0"));
     EXPECT_TRUE(th::logsContaining("code[").empty());
-    list = static_cast<jintArray>(th::env()->GetObjectField(info, fid(info, "codeList", "[I")));
+    list = static_cast<jintArray>(th::getL(info, "codeList", "[I"));
     ASSERT_EQ(th::env()->GetArrayLength(list), 100);
     th::env()->GetIntArrayRegion(list, 0, 100, got.data());
     for (int i = 0; i < 100; ++i) EXPECT_EQ(got[i], 0) << i;
@@ -341,9 +279,9 @@ TEST_F(ValuesSatelliteIsdb, EwbsOperationsPassTheirValuesThrough) {
     jobject op = th::callL(player, "getEWBSOpInfo",
                            "(I)Lcom/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo;", 11);
     ASSERT_NE(op, nullptr);
-    EXPECT_EQ(getI(op, "reqOp"), 11);
-    EXPECT_EQ(getI(op, "returnCode"), 5);
-    EXPECT_EQ(getI(op, "value"), -77);
+    EXPECT_EQ(th::getI(op, "reqOp"), 11);
+    EXPECT_EQ(th::getI(op, "returnCode"), 5);
+    EXPECT_EQ(th::getI(op, "value"), -77);
     EXPECT_TRUE(th::hasLog(I, "getEWBSOpInfo, op = 11"));
     EXPECT_TRUE(th::hasLog(D, "ret = 5, value = -77"));
     th::env()->DeleteLocalRef(op);
@@ -361,9 +299,9 @@ TEST_F(ValuesSatelliteIsdb, UserLocationKeepsItsSign) {
     ASSERT_NE(loc, nullptr);
     EXPECT_EQ(fake->callsOf("getUserLocationInfo")[0].args[0], 2);
     bool isNull = true;
-    EXPECT_EQ(getStr(loc, "locationName", &isNull), "S\xC3\xA3o Paulo");
-    EXPECT_EQ(getI(loc, "longitude"), -1395) << "not 64141";
-    EXPECT_EQ(getI(loc, "latitude"), -235);
+    EXPECT_EQ(th::getStr(loc, "locationName", &isNull), "S\xC3\xA3o Paulo");
+    EXPECT_EQ(th::getI(loc, "longitude"), -1395) << "not 64141";
+    EXPECT_EQ(th::getI(loc, "latitude"), -235);
     th::env()->DeleteLocalRef(loc);
 }
 
@@ -372,8 +310,8 @@ TEST_F(ValuesSatelliteIsdb, UserLocationKeepsItsSign) {
 TEST_F(ValuesSatelliteIsdb, WithoutAPlayerEveryHandlerReportsAndAnswersNeutrally) {
     th::callV(player, "release", "()V");
     th::clearLogs();
-    jobject sat = newObject(kSat);
-    jobject tp = newObject(kTp);
+    jobject sat = th::newObject(kSat);
+    jobject tp = th::newObject(kTp);
     const char* ise = "java/lang/IllegalStateException";
     EXPECT_EQ(th::callL(player, "getSatelliteInfo", (std::string("(I)") + kSatSig).c_str(), 0),
               nullptr);
@@ -404,8 +342,7 @@ TEST_F(ValuesSatelliteIsdb, WithoutAPlayerEveryHandlerReportsAndAnswersNeutrally
     for (const char* h : {"getSatelliteInfo", "updateSatelliteInfo", "addSatelliteInfo",
                           "getTransponderInfo", "updateTransponderInfo", "addTransponderInfo",
                           "getEWBSInfo", "setEWBSOpInfo", "getEWBSOpInfo", "getUserLocationInfo"}) {
-        EXPECT_TRUE(
-            hasFatal((std::string("com_vireo_android_tvapi_impl_PlayerImpl_") + h).c_str(), ise))
+        EXPECT_TRUE(th::hasFatal(std::string("com_vireo_android_tvapi_impl_PlayerImpl_") + h, ise))
             << h << "\n"
             << th::dumpLogs();
     }

@@ -25,6 +25,8 @@ std::mutex gVmLock;
 std::vector<std::string> gVmOut;
 JavaVM* gVm = nullptr;
 std::once_flag gVmOnce;
+// ANDROID_LOG_ERROR (this file defines liblog's entry point, so it leaves out its header).
+constexpr int kErrorPriority = 6;
 
 jint JNICALL vmPrintf(FILE* fp, const char* format, va_list args) {
     char buf[4096];
@@ -128,6 +130,17 @@ std::string dumpLogs() {
         s += std::to_string(l.prio) + " " + l.tag + ": " + l.text + "\n";
     }
     return s;
+}
+
+std::string fatalLine(const std::string& fn, int line, const char* cls) {
+    return "[Fatal jni_exception] " + fn + "(" + std::to_string(line) + "), " + cls;
+}
+
+bool hasFatal(const std::string& fn, const char* cls) {
+    for (const auto& l : logsContaining("[Fatal jni_exception] " + fn + "(")) {
+        if (l.prio == kErrorPriority && l.text.find(cls) != std::string::npos) return true;
+    }
+    return false;
 }
 
 std::vector<std::string> vmOutput() {

@@ -32,6 +32,11 @@ bool hasLog(int prio, const std::string& text);
 // Lines whose text contains `part`, any priority.
 std::vector<LogLine> logsContaining(const std::string& part);
 std::string dumpLogs();
+// The line the library logs when `fn` (line `line`) raises or meets the managed exception
+// class `cls`: "[Fatal jni_exception] fn(line), cls".
+std::string fatalLine(const std::string& fn, int line, const char* cls);
+// An error line of that kind from `fn`, at any line, naming `cls`.
+bool hasFatal(const std::string& fn, const char* cls);
 
 // ---- What the VM itself printed (for -Xcheck:jni warnings) ----
 std::vector<std::string> vmOutput();
