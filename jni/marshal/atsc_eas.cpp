@@ -9,7 +9,7 @@
 
 namespace {
 
-using pij::ClassSpec;
+using pij::ManagedClass;
 using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
@@ -39,7 +39,7 @@ enum EasField : uint8_t {
     kNatActText,
     kAlertText,
 };
-const ClassSpec kEasInfo{
+const ManagedClass kEasInfo{
     "com/vireo/android/tvapi/dtv/vo/MwAtscEasInfo",
     {{"astException", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasException;"},
      {"astLocationCode", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode;"},
@@ -60,7 +60,7 @@ const ClassSpec kEasInfo{
 PIJ_REGISTER_VALUE_CLASS(kEasInfo);
 
 enum ExceptionField : uint8_t { kExcMajor, kExcMinor, kExcOobSrc, kExcInBand };
-const ClassSpec kEasException{"com/vireo/android/tvapi/dtv/vo/VapiPsipEasException",
+const ManagedClass kEasException{"com/vireo/android/tvapi/dtv/vo/VapiPsipEasException",
                               {{"u16ExcMajorNum", "I"},
                                {"u16ExcMinorNum", "I"},
                                {"u16ExcOOB_SrcID", "I"},
@@ -68,7 +68,7 @@ const ClassSpec kEasException{"com/vireo/android/tvapi/dtv/vo/VapiPsipEasExcepti
 PIJ_REGISTER_VALUE_CLASS(kEasException);
 
 enum LocationField : uint8_t { kState, kSubdivision, kCounty };
-const ClassSpec kEasLocation{
+const ManagedClass kEasLocation{
     "com/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode",
     {{"u8StateCode", "I"}, {"u8CountySubdivision", "I"}, {"u16CountyCode", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kEasLocation);

@@ -21,7 +21,7 @@ constexpr int kLineDrawPreviewNoPlayer = 3851;
 constexpr int kLineDrawPreviewNullSetting = 3855;
 constexpr int kLineDrawPreviewNoClass = 3861;
 
-const pij::ClassSpec kCaptionClass{"com/vireo/android/tvapi/common/vo/CaptionOptionSetting",
+const pij::ManagedClass kCaptionClass{"com/vireo/android/tvapi/common/vo/CaptionOptionSetting",
                                    {{"currProgInfoFGColor", "S"},
                                     {"currProgInfoBGColor", "S"},
                                     {"currProgInfoFGOpacity", "S"},
@@ -73,7 +73,7 @@ PIJ_EXPORT jboolean PIJ_IMPL(drawPreviewCCWin)(JNIEnv* env, jobject thiz, jobjec
             }
             CaptionOptionSettingRec rec{};
             for (size_t i = 0; i < kCaptionFields && i < kCaptionClass.fields.size(); ++i) {
-                const pij::FieldSpec& f = kCaptionClass.fields[i];
+                const pij::ManagedField& f = kCaptionClass.fields[i];
                 jfieldID id = env->GetFieldID(cls, f.name, f.signature);
                 // Low 8 bits, no range test: 258 becomes 2.
                 rec.*kCaptionMembers[i] = static_cast<uint8_t>(env->GetShortField(setting, id));

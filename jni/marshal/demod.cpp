@@ -8,13 +8,13 @@
 
 namespace {
 
-using pij::ClassSpec;
+using pij::ManagedClass;
 using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
 
 // DtvDemodVersion: four character arrays, looked up and set in this order.
-const ClassSpec kDemodVersion{
+const ManagedClass kDemodVersion{
     "com/vireo/android/tvapi/dtv/vo/DtvDemodVersion",
     {{"name", "[C"}, {"version", "[C"}, {"build", "[C"}, {"changelist", "[C"}}};
 PIJ_REGISTER_VALUE_CLASS(kDemodVersion);
@@ -52,7 +52,7 @@ enum DvbtField : uint8_t {
     kTFlagCi,
     kTTdCoef,
 };
-const ClassSpec kDvbtInfo{"com/vireo/android/tvapi/dtv/dvb/dvbt/DtvDemodDvbtInfo",
+const ManagedClass kDvbtInfo{"com/vireo/android/tvapi/dtv/dvb/dvbt/DtvDemodDvbtInfo",
                           {{"u16Version", "S"},
                            {"u16DemodState", "B"},
                            {"SfoValue", "F"},
@@ -112,7 +112,7 @@ enum DvbcField : uint8_t {
     kCQam,
     kCSymbolRateHal,
 };
-const ClassSpec kDvbcInfo{"com/vireo/android/tvapi/dtv/dvb/dvbc/DtvDemodDvbcInfo",
+const ManagedClass kDvbcInfo{"com/vireo/android/tvapi/dtv/dvb/dvbc/DtvDemodDvbcInfo",
                           {{"u16Version", "S"},
                            {"u16SymbolRate", "S"},
                            {"eQamMode", "B"},
@@ -157,16 +157,16 @@ constexpr int kLineDvbc = 3457;
 // the object is allocated first and each field is fetched and set in turn.
 template <typename Rec, size_t N>
 jobject demodInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const char* what,
-                  ProxyBool (PlayerImpl::*query)(Rec&), const ClassSpec& spec,
+                  ProxyBool (PlayerImpl::*query)(Rec&), const ManagedClass& mc,
                   const FieldCopy<Rec> (&rows)[N]) {
     ALOGD("%s", what);
     return pij::withPlayer(env, thiz, pij::Site{fn, line, pij::Exc::IllegalState}, jobject{},
                            [&](PlayerImpl& p) -> jobject {
                                Rec rec{};
                                if (pij::bit0((p.*query)(rec)) == 0) return nullptr;
-                               jclass cls = env->FindClass(spec.path);
+                               jclass cls = env->FindClass(mc.path);
                                jobject obj = env->AllocObject(cls);
-                               pij::copyFieldsFetchingEach(env, cls, obj, spec, rows, rec);
+                               pij::copyFieldsFetchingEach(env, cls, obj, mc, rows, rec);
                                return obj;
                            });
 }

@@ -27,7 +27,7 @@ constexpr int kLineGetUserLocation = 4688;
 // codeList always has this many entries; dataLen says how many the player reported.
 constexpr jsize kEwbsCodes = 100;
 
-const pij::ClassSpec kEwbsInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
+const pij::ManagedClass kEwbsInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
                                     {{"reqAreaCode", "I"},
                                      {"returnCode", "I"},
                                      {"titleType", "I"},
@@ -36,12 +36,12 @@ const pij::ClassSpec kEwbsInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/Ewb
 PIJ_REGISTER_VALUE_CLASS(kEwbsInfoClass);
 enum EwbsInfoField { kReqAreaCode, kEwbsReturnCode, kTitleType, kCodeList, kDataLen };
 
-const pij::ClassSpec kEwbsOpInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo",
+const pij::ManagedClass kEwbsOpInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo",
                                       {{"reqOp", "I"}, {"returnCode", "I"}, {"value", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kEwbsOpInfoClass);
 enum EwbsOpInfoField { kReqOp, kOpReturnCode, kOpValue };
 
-const pij::ClassSpec kLocationClass{
+const pij::ManagedClass kLocationClass{
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/LocationInfo",
     {{"locationName", "Ljava/lang/String;"}, {"longitude", "I"}, {"latitude", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kLocationClass);
@@ -54,11 +54,11 @@ struct Built {
     jfieldID ids[5];
 };
 
-Built allocate(JNIEnv* env, const pij::ClassSpec& spec) {
+Built allocate(JNIEnv* env, const pij::ManagedClass& mc) {
     Built b{};
-    b.cls = env->FindClass(spec.path);
-    for (size_t i = 0; i < spec.fields.size() && i < 5; ++i) {
-        b.ids[i] = env->GetFieldID(b.cls, spec.fields[i].name, spec.fields[i].signature);
+    b.cls = env->FindClass(mc.path);
+    for (size_t i = 0; i < mc.fields.size() && i < 5; ++i) {
+        b.ids[i] = env->GetFieldID(b.cls, mc.fields[i].name, mc.fields[i].signature);
     }
     b.obj = env->AllocObject(b.cls);
     return b;

@@ -16,34 +16,34 @@
 
 namespace pij {
 
-// Field ids of one class, indexed like its ClassSpec's field list.
+// Field ids of one class, indexed like its ManagedClass's field list.
 constexpr size_t kMaxClassFields = 24;
 struct FieldIds {
     jfieldID id[kMaxClassFields] = {};
     jfieldID operator[](size_t i) const { return id[i]; }
 };
 
-// Looks every field of `spec` up, in the list's order (or in `order`, a permutation of the
+// Looks every field of `mc` up, in the list's order (or in `order`, a permutation of the
 // list's indices, where a builder fetches them differently).
-inline FieldIds lookupFields(JNIEnv* env, jclass cls, const ClassSpec& spec,
+inline FieldIds lookupFields(JNIEnv* env, jclass cls, const ManagedClass& mc,
                              const uint8_t* order = nullptr) {
     FieldIds ids;
-    const size_t n = spec.fields.size() < kMaxClassFields ? spec.fields.size() : kMaxClassFields;
+    const size_t n = mc.fields.size() < kMaxClassFields ? mc.fields.size() : kMaxClassFields;
     for (size_t k = 0; k < n; ++k) {
         const size_t i = order != nullptr ? order[k] : k;
-        ids.id[i] = env->GetFieldID(cls, spec.fields[i].name, spec.fields[i].signature);
+        ids.id[i] = env->GetFieldID(cls, mc.fields[i].name, mc.fields[i].signature);
     }
     return ids;
 }
 
-inline jfieldID lookupField(JNIEnv* env, jclass cls, const ClassSpec& spec, size_t i) {
-    return env->GetFieldID(cls, spec.fields[i].name, spec.fields[i].signature);
+inline jfieldID lookupField(JNIEnv* env, jclass cls, const ManagedClass& mc, size_t i) {
+    return env->GetFieldID(cls, mc.fields[i].name, mc.fields[i].signature);
 }
 
 // The JNI setter a row uses.
 enum class Jt : uint8_t { Z, B, S, I, F };
 
-// One row of a copy table: managed field (index into the ClassSpec), setter, and the reader
+// One row of a copy table: managed field (index into the ManagedClass), setter, and the reader
 // that widens or narrows the record member to the managed type.
 template <typename Rec>
 struct FieldCopy {
@@ -108,10 +108,10 @@ void copyFields(JNIEnv* env, jobject obj, const FieldIds& ids, const FieldCopy<R
 
 // Sets the rows in table order, fetching each field's id just before it is set.
 template <typename Rec, size_t N>
-void copyFieldsFetchingEach(JNIEnv* env, jclass cls, jobject obj, const ClassSpec& spec,
+void copyFieldsFetchingEach(JNIEnv* env, jclass cls, jobject obj, const ManagedClass& mc,
                             const FieldCopy<Rec> (&rows)[N], const Rec& rec) {
     for (const auto& row : rows) {
-        setField(env, obj, lookupField(env, cls, spec, row.field), row.type, row.read(rec));
+        setField(env, obj, lookupField(env, cls, mc, row.field), row.type, row.read(rec));
     }
 }
 

@@ -8,7 +8,7 @@
 
 namespace {
 
-using pij::ClassSpec;
+using pij::ManagedClass;
 using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
@@ -35,7 +35,7 @@ enum MuxField : uint8_t {
     kBandwidth,
     kPolarity,
 };
-const ClassSpec kDvbMuxInfo{"com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
+const ManagedClass kDvbMuxInfo{"com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
                             {{"satTableId", "I"},
                              {"networkTableID", "I"},
                              {"refCnt", "I"},
@@ -84,7 +84,7 @@ const FieldCopy<DvbMuxInfoRec> kMuxRows[] = {
 };
 
 enum RfField : uint8_t { kPhyNum, kRfFrequency, kVhf, kRfName };
-const ClassSpec kRfInfo{
+const ManagedClass kRfInfo{
     "com/vireo/android/tvapi/dtv/vo/RfInfo",
     {{"rfPhyNum", "S"}, {"frequency", "I"}, {"isVHF", "Z"}, {"rfName", "Ljava/lang/String;"}}};
 PIJ_REGISTER_VALUE_CLASS(kRfInfo);

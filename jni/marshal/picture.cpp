@@ -8,14 +8,14 @@
 
 namespace {
 
-using pij::ClassSpec;
+using pij::ManagedClass;
 using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
 
 // VideoArcInfo: fields looked up and set in the same order.
 enum ArcField : uint8_t { kArcType, kThreeD, kAdjLeft, kAdjRight, kAdjUp, kAdjDown, kCusWin };
-const ClassSpec kVideoArcInfo{"com/vireo/android/tvapi/common/vo/VideoArcInfo",
+const ManagedClass kVideoArcInfo{"com/vireo/android/tvapi/common/vo/VideoArcInfo",
                               {{"arcType", "I"},
                                {"threeDimensionArcType", "I"},
                                {"adjArcLeft", "S"},
@@ -46,7 +46,7 @@ enum VideoField : uint8_t {
     kVArc,
     kAfd
 };
-const ClassSpec kVideoInfo{"com/vireo/android/tvapi/common/vo/VideoInfo",
+const ManagedClass kVideoInfo{"com/vireo/android/tvapi/common/vo/VideoInfo",
                            {{"hResolution", "I"},
                             {"vResolution", "I"},
                             {"frameRate", "I"},
@@ -71,7 +71,7 @@ const FieldCopy<VideoInfoRec> kVideoRows[] = {
 // DtvProgramSignalInfo: looked up in this order, set in the order of kSignalRows, then the
 // network name last.
 enum SignalField : uint8_t { kRf, kModulation, kAm, kQuality, kStrength, kSymbolRate, kNetName };
-const ClassSpec kSignalInfo{"com/vireo/android/tvapi/common/vo/DtvProgramSignalInfo",
+const ManagedClass kSignalInfo{"com/vireo/android/tvapi/common/vo/DtvProgramSignalInfo",
                             {{"rfNumber", "S"},
                              {"modulationMode", "I"},
                              {"amMode", "S"},
@@ -95,12 +95,12 @@ constexpr int kLineAspectRatio = 1384;
 constexpr int kLineVideoInfo = 1439;
 constexpr int kLineSignalInfo = 2907;
 
-// Builds `spec`'s object from `rec` with the rows, ids looked up in the list's order.
+// Builds `mc`'s object from `rec` with the rows, ids looked up in the list's order.
 template <typename Rec, size_t N>
-jobject build(JNIEnv* env, const ClassSpec& spec, const pij::FieldCopy<Rec> (&rows)[N],
+jobject build(JNIEnv* env, const ManagedClass& mc, const pij::FieldCopy<Rec> (&rows)[N],
               const Rec& rec, pij::FieldIds* idsOut = nullptr) {
-    jclass cls = env->FindClass(spec.path);
-    pij::FieldIds ids = pij::lookupFields(env, cls, spec);
+    jclass cls = env->FindClass(mc.path);
+    pij::FieldIds ids = pij::lookupFields(env, cls, mc);
     jobject obj = env->AllocObject(cls);
     pij::copyFields(env, obj, ids, rows, rec);
     if (idsOut != nullptr) *idsOut = ids;

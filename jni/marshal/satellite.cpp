@@ -25,7 +25,7 @@ constexpr int kLineAddSatellite = 4308;
 constexpr int kLineAddTransponder = 4352;
 
 // Field lists in lookup order: the name first for satellites, then the managed order.
-const pij::ClassSpec kSatelliteClass{"com/vireo/android/tvapi/dtv/dvb/dvbs/vo/SatelliteInfo",
+const pij::ManagedClass kSatelliteClass{"com/vireo/android/tvapi/dtv/dvb/dvbs/vo/SatelliteInfo",
                                      {{"satName", "Ljava/lang/String;"},
                                       {"lowLOF", "I"},
                                       {"hiLOF", "I"},
@@ -49,7 +49,7 @@ const pij::ClassSpec kSatelliteClass{"com/vireo/android/tvapi/dtv/dvb/dvbs/vo/Sa
                                       {"lnbIdx", "S"}}};
 PIJ_REGISTER_VALUE_CLASS(kSatelliteClass);
 
-const pij::ClassSpec kTransponderClass{
+const pij::ManagedClass kTransponderClass{
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/DvbsTransponderInfo",
     {{"frequency", "I"},
      {"symbolRate", "I"},
@@ -70,24 +70,24 @@ struct Slot {
 };
 
 struct SlotTable {
-    const pij::ClassSpec& spec;
+    const pij::ManagedClass& mc;
     std::vector<Slot> slots;
 };
 
 // Pairs every slot with its managed field by name; a slot whose name is missing from the
 // class list would be a build mistake, and is dropped rather than used with a wrong id.
-SlotTable pair(const pij::ClassSpec& spec, std::vector<Slot> slots) {
+SlotTable pair(const pij::ManagedClass& mc, std::vector<Slot> slots) {
     std::vector<Slot> paired;
     for (Slot s : slots) {
-        for (size_t i = 0; i < spec.fields.size(); ++i) {
-            if (std::strcmp(spec.fields[i].name, s.name) == 0) {
+        for (size_t i = 0; i < mc.fields.size(); ++i) {
+            if (std::strcmp(mc.fields[i].name, s.name) == 0) {
                 s.field = i;
                 paired.push_back(s);
                 break;
             }
         }
     }
-    return SlotTable{spec, paired};
+    return SlotTable{mc, paired};
 }
 
 #define PIJ_SLOT(Rec, member) \
@@ -159,22 +159,22 @@ struct Looked {
 };
 
 // The class and every field id of the class list, looked up from that same list.
-Looked lookUp(JNIEnv* env, const pij::ClassSpec& spec) {
+Looked lookUp(JNIEnv* env, const pij::ManagedClass& mc) {
     Looked l{};
-    l.cls = env->FindClass(spec.path);
-    for (size_t i = 0; i < spec.fields.size() && i < 21; ++i) {
-        l.ids[i] = env->GetFieldID(l.cls, spec.fields[i].name, spec.fields[i].signature);
+    l.cls = env->FindClass(mc.path);
+    for (size_t i = 0; i < mc.fields.size() && i < 21; ++i) {
+        l.ids[i] = env->GetFieldID(l.cls, mc.fields[i].name, mc.fields[i].signature);
     }
     return l;
 }
 
 void recordToObject(JNIEnv* env, const SlotTable& t, const Looked& l, jobject obj,
                     const void* rec) {
-    const pij::ClassSpec& spec = t.spec;
+    const pij::ManagedClass& mc = t.mc;
     for (const Slot& s : t.slots) {
         uint32_t v = load(rec, s);
         jfieldID id = l.ids[s.field];
-        switch (spec.fields[s.field].signature[0]) {
+        switch (mc.fields[s.field].signature[0]) {
             case 'Z':  // the flag byte as it stands
                 env->SetBooleanField(obj, id, static_cast<jboolean>(v));
                 break;
@@ -196,11 +196,11 @@ void recordToObject(JNIEnv* env, const SlotTable& t, const Looked& l, jobject ob
 // a byte or short field that way is undefined in JNI, and the typed read gives the same
 // record for every value the managed side is allowed to hold.)
 void objectToRecord(JNIEnv* env, const SlotTable& t, const Looked& l, jobject obj, void* rec) {
-    const pij::ClassSpec& spec = t.spec;
+    const pij::ManagedClass& mc = t.mc;
     for (const Slot& s : t.slots) {
         jfieldID id = l.ids[s.field];
         uint32_t v;
-        switch (spec.fields[s.field].signature[0]) {
+        switch (mc.fields[s.field].signature[0]) {
             case 'Z':
                 v = env->GetBooleanField(obj, id) != 0 ? 1u : 0u;
                 break;

@@ -48,7 +48,7 @@ static_assert(offsetof(SatelliteInfoRec, frequency) == sizeof(void*) + 20, "freq
 static_assert(offsetof(SatelliteInfoRec, mdu) == sizeof(void*) + 22, "mdu");
 static_assert(offsetof(SatelliteInfoRec, pin) == sizeof(void*) + 23, "pin");
 static_assert(offsetof(SatelliteInfoRec, lnbIdx) == sizeof(void*) + 24, "lnbIdx");
-static_assert(sizeof(SatelliteInfoRec) == (sizeof(void*) == 8 ? 40 : 36), "satellite size");
+static_assert(sizeof(SatelliteInfoRec) == (sizeof(void*) == 8 ? 40 : 32), "satellite size");
 
 // One transponder of a satellite.
 struct DvbsTransponderInfoRec {

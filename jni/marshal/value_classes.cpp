@@ -2,16 +2,16 @@
 
 namespace pij {
 namespace {
-std::vector<const ClassSpec*>& registry() {
-    static std::vector<const ClassSpec*> classes;
+std::vector<const ManagedClass*>& registry() {
+    static std::vector<const ManagedClass*> classes;
     return classes;
 }
 }  // namespace
 
-const std::vector<const ClassSpec*>& valueClasses() { return registry(); }
+const std::vector<const ManagedClass*>& valueClasses() { return registry(); }
 
-ValueClassRegistration::ValueClassRegistration(const ClassSpec& spec) {
-    registry().push_back(&spec);
+ValueClassRegistration::ValueClassRegistration(const ManagedClass& mc) {
+    registry().push_back(&mc);
 }
 
 }  // namespace pij

@@ -9,28 +9,28 @@
 
 namespace pij {
 
-struct FieldSpec {
+struct ManagedField {
     const char* name;
     const char* signature;
     bool isStatic = false;
 };
 
-struct ClassSpec {
+struct ManagedClass {
     const char* path;
-    std::vector<FieldSpec> fields;
+    std::vector<ManagedField> fields;
 };
 
 // Every registered class, in registration order.
-const std::vector<const ClassSpec*>& valueClasses();
+const std::vector<const ManagedClass*>& valueClasses();
 
 struct ValueClassRegistration {
-    explicit ValueClassRegistration(const ClassSpec& spec);
+    explicit ValueClassRegistration(const ManagedClass& mc);
 };
 
 }  // namespace pij
 
 #define PIJ_CONCAT2(a, b) a##b
 #define PIJ_CONCAT(a, b) PIJ_CONCAT2(a, b)
-// At namespace scope in the file that uses the class: registers `spec` (a ClassSpec).
-#define PIJ_REGISTER_VALUE_CLASS(spec) \
-    static const ::pij::ValueClassRegistration PIJ_CONCAT(gValueClassReg, __LINE__)(spec)
+// At namespace scope in the file that uses the class: registers `mc` (a ManagedClass).
+#define PIJ_REGISTER_VALUE_CLASS(mc) \
+    static const ::pij::ValueClassRegistration PIJ_CONCAT(gValueClassReg, __LINE__)(mc)
