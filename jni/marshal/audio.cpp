@@ -9,13 +9,13 @@
 
 namespace {
 
-using pij::ClassSpec;
+using pij::ManagedClass;
 using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
 
 enum DtvAudioField : uint8_t { kLangNum, kInfos, kCurIndex, kCurMode };
-const ClassSpec kDtvAudioInfo{"com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
+const ManagedClass kDtvAudioInfo{"com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
                               {{"audioLangNum", "S"},
                                {"audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"},
                                {"currentAudioIndex", "S"},
@@ -23,7 +23,7 @@ const ClassSpec kDtvAudioInfo{"com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
 PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
 
 enum AudioField : uint8_t { kLang, kPid, kType, kMixAd, kAacType, kAacProfile };
-const ClassSpec kAudioInfo{"com/vireo/android/tvapi/dtv/vo/AudioInfo",
+const ManagedClass kAudioInfo{"com/vireo/android/tvapi/dtv/vo/AudioInfo",
                            {{"isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;"},
                             {"audioPid", "I"},
                             {"audioType", "S"},
@@ -33,7 +33,7 @@ const ClassSpec kAudioInfo{"com/vireo/android/tvapi/dtv/vo/AudioInfo",
 PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
 
 enum LangField : uint8_t { kLangChars, kLangMode, kLangType, kLangValid };
-const ClassSpec kLangIso639{
+const ManagedClass kLangIso639{
     "com/vireo/android/tvapi/dtv/vo/LangIso639",
     {{"isoLangInfo", "[C"}, {"audioMode", "S"}, {"audioType", "S"}, {"isValid", "Z"}}};
 PIJ_REGISTER_VALUE_CLASS(kLangIso639);
@@ -63,18 +63,14 @@ constexpr int kLineAudioInfo = 2225;
 constexpr int kLineAudioInfoEx = 2307;
 
 // The number of entries to convert. The record holds 16; a larger count would read past it,
-// so at most 16 are read. A negative count has no array of its length: the managed side then
-// receives a DtvAudioInfo with the negative audioLangNum as the player gave it and an empty
-// audioInfos array, and nothing is left pending in the VM. Both cases log an ERROR line.
+// so at most 16 are read, with an ERROR line. A negative count is passed on as it is: the VM
+// refuses an array of that length and leaves its NegativeArraySizeException pending, which is
+// what the managed caller then receives (see buildAudioInfo).
 jsize usableTrackCount(const char* what, int16_t count) {
     if (count > kMaxAudioTracks) {
         ALOGE("%s: audio track count %d exceeds %d, reading %d", what, count, kMaxAudioTracks,
               kMaxAudioTracks);
         return kMaxAudioTracks;
-    }
-    if (count < 0) {
-        ALOGE("%s: negative audio track count %d, returning no tracks", what, count);
-        return 0;
     }
     return count;
 }
@@ -92,6 +88,9 @@ jobject buildAudioInfo(JNIEnv* env, const char* what, const DtvAudioInfoRec& rec
 
     const jsize count = usableTrackCount(what, rec.audioLangNum);
     jobjectArray tracks = env->NewObjectArray(count, audioCls, nullptr);
+    // No array (a negative count, or no memory): the VM's exception is pending, so no further
+    // call goes into the VM; the managed caller gets that exception, not the half-made object.
+    if (tracks == nullptr) return result;
     for (jsize i = 0; i < count; ++i) {
         const AudioInfoRec& entry = rec.audioInfos[i];
         jobject track = env->AllocObject(audioCls);
