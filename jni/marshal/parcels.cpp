@@ -24,7 +24,7 @@ constexpr int kLineGetVChipRating = 3940;
 constexpr int kLineGetAllBiss = 4770;
 constexpr int kLineSetBissKey = 4790;
 
-const pij::ClassSpec kParcelClass{"android/os/Parcel", {{"mNativePtr", "J"}}};
+const pij::ManagedClass kParcelClass{"android/os/Parcel", {{"mNativePtr", "J"}}};
 PIJ_REGISTER_VALUE_CLASS(kParcelClass);
 
 }  // namespace
@@ -36,7 +36,7 @@ android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
         ALOGE("[Error] clazz == NULL");
         return nullptr;
     }
-    const pij::FieldSpec& ptr = kParcelClass.fields[0];
+    const pij::ManagedField& ptr = kParcelClass.fields[0];
     jfieldID nativePtr = env->GetFieldID(cls, ptr.name, ptr.signature);
     env->DeleteLocalRef(cls);
     if (parcel == nullptr) return nullptr;
@@ -81,13 +81,16 @@ PIJ_EXPORT jboolean PIJ_IMPL(native_getVChipRatingInfo)(JNIEnv* env, jobject thi
                            });
 }
 
-// Without a player this handler does not return after the report: it goes on to the call,
-// which can only end the process. It is ended here, right after the line.
+// Without a player this handler does not return after the report: it converts the reply
+// parcel (with its own log line) and goes on to the call, which can only end the process. It
+// is ended right after the conversion, instead of calling through a null pointer.
 PIJ_EXPORT void PIJ_COMMON(getAllBISSProgramInfo)(JNIEnv* env, jobject thiz, jobject reply) {
     ALOGI("getAllBISSProgramInfo");
-    pij::withPlayerOrEnd(
-        env, thiz, Site{__func__, kLineGetAllBiss, Exc::IllegalState},
-        [&](PlayerImpl& p) { p.getAllBISSProgramInfo(VndkGetParcelForJavaObject(env, reply)); });
+    android::sp<PlayerImpl> player = pij::acquirePlayer(env, thiz);
+    if (player == nullptr) pij::reportFatal(Site{__func__, kLineGetAllBiss, Exc::IllegalState});
+    android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
+    if (player == nullptr) pij::endProcessWithoutPlayer();
+    player->getAllBISSProgramInfo(out);
 }
 
 PIJ_EXPORT jboolean PIJ_COMMON(setProgramBISSKeyByNumber)(JNIEnv* env, jobject thiz, jint program,
