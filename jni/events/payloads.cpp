@@ -39,7 +39,7 @@ namespace {
 
 // ---- Managed value classes, with the fields this file sets, in the order it sets them ----
 
-const ClassSpec kAtvEventScan{"com/vireo/android/tvapi/atv/vo/AtvEventScan",
+const ManagedClass kAtvEventScan{"com/vireo/android/tvapi/atv/vo/AtvEventScan",
                               {{"percent", "S"},
                                {"frequencyKHz", "I"},
                                {"scannedChannelNum", "S"},
@@ -48,7 +48,7 @@ const ClassSpec kAtvEventScan{"com/vireo/android/tvapi/atv/vo/AtvEventScan",
 PIJ_REGISTER_VALUE_CLASS(kAtvEventScan);
 enum AtvField { kPercent, kFrequencyKHz, kScannedChannelNum, kCurScannedChannel, kScanEnable };
 
-const ClassSpec kDtvEventScan{"com/vireo/android/tvapi/dtv/vo/DtvEventScan",
+const ManagedClass kDtvEventScan{"com/vireo/android/tvapi/dtv/vo/DtvEventScan",
                               {{"scanStatus", "I"},
                                {"currRFCh", "S"},
                                {"scanPercentageNum", "S"},
@@ -77,7 +77,7 @@ enum DtvField {
     kRfSignalName
 };
 
-const ClassSpec kHbbtvEventInfo{"com/vireo/android/tvapi/common/vo/HbbtvEventInfo",
+const ManagedClass kHbbtvEventInfo{"com/vireo/android/tvapi/common/vo/HbbtvEventInfo",
                                 {{"eEvent", "I"}, {"param", "[I"}}};
 PIJ_REGISTER_VALUE_CLASS(kHbbtvEventInfo);
 enum HbbtvField { kEEvent, kParam };
@@ -87,18 +87,18 @@ constexpr int kMaxFields = 12;
 // References made per event: class, object, array or string, with room to spare.
 constexpr jint kEventFrame = 8;
 
-// Looks up every field of `spec` on `clazz`, in list order (the ids are not cached: the
+// Looks up every field of `mc` on `clazz`, in list order (the ids are not cached: the
 // service may outlive a managed class). A field the managed class lacks is a build mismatch,
 // not data: the runtime's error is cleared (nobody on a service thread would ever see it,
 // and it would poison every later call on the thread), one ERROR line is written and the
 // event is dropped instead of writing through a null field id.
-bool lookupFields(JNIEnv* env, jclass clazz, const ClassSpec& spec, jfieldID* ids) {
-    for (size_t i = 0; i < spec.fields.size(); ++i) {
-        const FieldSpec& f = spec.fields[i];
+bool lookupFields(JNIEnv* env, jclass clazz, const ManagedClass& mc, jfieldID* ids) {
+    for (size_t i = 0; i < mc.fields.size(); ++i) {
+        const ManagedField& f = mc.fields[i];
         ids[i] = env->GetFieldID(clazz, f.name, f.signature);
         if (ids[i] == nullptr) {
             env->ExceptionClear();
-            ALOGE("%s has no field %s %s", spec.path, f.name, f.signature);
+            ALOGE("%s has no field %s %s", mc.path, f.name, f.signature);
             return false;
         }
     }
@@ -252,19 +252,23 @@ void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
     if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
         return;  // as in postAtvScan
     }
+    // Class, constructor and object first, then the fields, as the service's own order of
+    // work; a missing class, constructor or field, or no memory, drops the event with an
+    // ERROR line instead of writing through a null id (see lookupFields).
     jclass clazz = env->FindClass(kHbbtvEventInfo.path);
+    jmethodID init = clazz != nullptr ? env->GetMethodID(clazz, "<init>", "()V") : nullptr;
+    jobject obj = init != nullptr ? env->NewObject(clazz, init) : nullptr;
     jfieldID ids[kMaxFields];
-    if (clazz == nullptr) {
-        env->ExceptionClear();  // as for a missing field in lookupFields
-        ALOGE("%s not found", kHbbtvEventInfo.path);
+    if (obj == nullptr) {
+        env->ExceptionClear();
+        ALOGE("%s: no class, constructor or memory for the event object", kHbbtvEventInfo.path);
     } else if (lookupFields(env, clazz, kHbbtvEventInfo, ids)) {
-        jobject obj = env->NewObject(clazz, env->GetMethodID(clazz, "<init>", "()V"));
+        env->SetIntField(obj, ids[kEEvent], event);
         jintArray array = env->NewIntArray(kHbbtvParams);
-        if (obj == nullptr || array == nullptr) {
+        if (array == nullptr) {
             env->ExceptionClear();  // out of managed memory: drop this event
             ALOGE("PostEvent_HbbtvEvent: no memory for the event object");
         } else {
-            env->SetIntField(obj, ids[kEEvent], event);
             env->SetIntArrayRegion(array, 0, kHbbtvParams, params);
             env->SetObjectField(obj, ids[kParam], array);
             listener.post(listener.attach("notify", 448), eventCode(EHBBTV_UI_EVENT), 0, ext2, obj);
