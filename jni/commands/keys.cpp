@@ -1,6 +1,6 @@
 // Remote keys: the managed side speaks the platform's key numbering, the player its own.
 // Each handler translates through its constant table (first matching row wins) and
-// forwards the player's code; a key that is in neither row set is dropped silently.
+// forwards the player's code; a key that is not in the handler's table is dropped silently.
 #include <cstddef>
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 // The thin natives: each forwards one command or query to the player and converts its
-// answer. One row per handler, grouped by the source file family they were written in
-// (the failure line's source number and exception class go with the family).
+// answer. One row per handler, grouped by family (a family shares the
+// failure line's exception class, and its source lines run together).
 //
 // Conversions, as the rows spell them out: bit0() keeps bit 0 of a proxy boolean;
 // asBool() passes a managed boolean (or int) as true exactly when it is non-zero; int16

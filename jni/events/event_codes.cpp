@@ -23,7 +23,7 @@ jint readCode(JNIEnv* env, jclass clazz, const char* field) {
 }  // namespace
 
 // Nothing is tested: a missing field leaves the runtime's pending error and the reads go
-// on, as on the device.
+// on.
 void readEventCodes(JNIEnv* env, jclass clazz) {
 #define PIJ_EV_READ(name) gEventCodes[E##name] = readCode(env, clazz, "TVPLAYER_" #name);
 #define PIJ_EV_DISCARD(name) (void)readCode(env, clazz, "TVPLAYER_" #name);

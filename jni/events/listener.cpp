@@ -165,7 +165,7 @@ void JNIVSrvListener::post(JNIEnv* env, jint code, jint ext1, jint ext2, jobject
     }
     env->CallStaticVoidMethod(mClass, gPlayerFields.postEvent, mObject, code, ext1, ext2, obj);
     // Only looked at, never cleared: an exception of the managed listener stays pending on
-    // this thread as before. The look keeps the runtime's JNI checker content.
+    // this thread. The look keeps the runtime's JNI checker content.
     (void)env->ExceptionCheck();
 }
 

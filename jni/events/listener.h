@@ -31,9 +31,9 @@ public:
     void PostEvent_OadHandler(int ext1, int ext2) override;
     void PostEvent_SnServiceDeadth(int ext1, int ext2) override;
 
-    // Not virtual: the dispatcher of native event numbers, and an empty handler. The
-    // dispatcher is exported so that native tests can drive it with every number the
-    // service uses (only the signal and screen-saver operations reach it from the service).
+    // Not virtual: the dispatcher of native event numbers, and an empty handler. Only the
+    // signal and screen-saver operations reach the dispatcher from the service; it stays
+    // hidden, and native tests reach it by linking the library's objects.
     void notify(int msg, int ext1, int ext2, jobject obj);
     void PostEvent_DtvPsipTsUpdate(int ext1, int ext2);
 
