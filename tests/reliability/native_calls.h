@@ -6,7 +6,8 @@
 
 #include <jni.h>
 
-#include <climits>
+#include <algorithm>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -23,25 +24,9 @@ struct NativeMethod {
     jmethodID id = nullptr;
 };
 
-// "int" -> "I", "java.lang.String" -> "Ljava/lang/String;", "[I" stays.
-inline std::string descriptorOf(const std::string& javaName) {
-    static const std::pair<const char*, const char*> kPrimitive[] = {
-        {"boolean", "Z"}, {"byte", "B"},  {"char", "C"},   {"short", "S"}, {"int", "I"},
-        {"long", "J"},    {"float", "F"}, {"double", "D"}, {"void", "V"}};
-    for (const auto& p : kPrimitive) {
-        if (javaName == p.first) return p.second;
-    }
-    std::string d = javaName;
-    for (char& c : d) {
-        if (c == '.') c = '/';
-    }
-    return d[0] == '[' ? d : "L" + d + ";";
-}
-
-inline std::string classNameOf(JNIEnv* e, jobject cls) {
-    jclass classClass = th::findClass("java/lang/Class");
-    auto s = static_cast<jstring>(
-        e->CallObjectMethod(cls, e->GetMethodID(classClass, "getName", "()Ljava/lang/String;")));
+// The text of the String that method `id` of `o` returns.
+inline std::string textOf(JNIEnv* e, jobject o, jmethodID id) {
+    auto s = static_cast<jstring>(e->CallObjectMethod(o, id));
     th::failOnPendingException();
     std::string out = th::toStdString(s);
     e->DeleteLocalRef(s);
@@ -50,58 +35,45 @@ inline std::string classNameOf(JNIEnv* e, jobject cls) {
 
 // Every native method the managed player class declares.
 inline std::vector<NativeMethod> managedNatives() {
+    constexpr jint kNative = 0x100, kStatic = 0x8;  // java.lang.reflect.Modifier
     JNIEnv* e = th::env();
     jclass classClass = th::findClass("java/lang/Class");
     jclass methodClass = th::findClass("java/lang/reflect/Method");
-    jclass modifierClass = th::findClass("java/lang/reflect/Modifier");
-    auto methods = static_cast<jobjectArray>(e->CallObjectMethod(
-        th::playerClass(),
-        e->GetMethodID(classClass, "getDeclaredMethods", "()[Ljava/lang/reflect/Method;")));
-    th::failOnPendingException();
+    jmethodID descriptor = e->GetMethodID(classClass, "descriptorString", "()Ljava/lang/String;");
     jmethodID getModifiers = e->GetMethodID(methodClass, "getModifiers", "()I");
     jmethodID getName = e->GetMethodID(methodClass, "getName", "()Ljava/lang/String;");
     jmethodID getParams = e->GetMethodID(methodClass, "getParameterTypes", "()[Ljava/lang/Class;");
     jmethodID getReturn = e->GetMethodID(methodClass, "getReturnType", "()Ljava/lang/Class;");
-    jmethodID isNative = e->GetStaticMethodID(modifierClass, "isNative", "(I)Z");
-    jmethodID isStatic = e->GetStaticMethodID(modifierClass, "isStatic", "(I)Z");
+    auto methods = static_cast<jobjectArray>(e->CallObjectMethod(
+        th::playerClass(),
+        e->GetMethodID(classClass, "getDeclaredMethods", "()[Ljava/lang/reflect/Method;")));
+    th::failOnPendingException();
 
     std::vector<NativeMethod> out;
-    const jsize n = e->GetArrayLength(methods);
-    for (jsize i = 0; i < n; ++i) {
+    for (jsize i = 0; i < e->GetArrayLength(methods); ++i) {
         jobject m = e->GetObjectArrayElement(methods, i);
         const jint mods = e->CallIntMethod(m, getModifiers);
         th::failOnPendingException();
-        const bool nat = e->CallStaticBooleanMethod(modifierClass, isNative, mods);
-        th::failOnPendingException();
-        if (!nat) {
-            e->DeleteLocalRef(m);
-            continue;
+        if (mods & kNative) {
+            NativeMethod nm{textOf(e, m, getName),    "(", {}, "", (mods & kStatic) != 0,
+                            e->FromReflectedMethod(m)};
+            auto params = static_cast<jobjectArray>(e->CallObjectMethod(m, getParams));
+            th::failOnPendingException();
+            for (jsize k = 0; k < e->GetArrayLength(params); ++k) {
+                jobject p = e->GetObjectArrayElement(params, k);
+                nm.params.push_back(textOf(e, p, descriptor));
+                nm.sig += nm.params.back();
+                e->DeleteLocalRef(p);
+            }
+            e->DeleteLocalRef(params);
+            jobject r = e->CallObjectMethod(m, getReturn);
+            th::failOnPendingException();
+            nm.ret = textOf(e, r, descriptor);
+            nm.sig += ")" + nm.ret;
+            e->DeleteLocalRef(r);
+            out.push_back(nm);
         }
-        NativeMethod nm;
-        nm.isStatic = e->CallStaticBooleanMethod(modifierClass, isStatic, mods);
-        th::failOnPendingException();
-        auto name = static_cast<jstring>(e->CallObjectMethod(m, getName));
-        th::failOnPendingException();
-        nm.name = th::toStdString(name);
-        e->DeleteLocalRef(name);
-        auto params = static_cast<jobjectArray>(e->CallObjectMethod(m, getParams));
-        th::failOnPendingException();
-        nm.sig = "(";
-        for (jsize k = 0; k < e->GetArrayLength(params); ++k) {
-            jobject p = e->GetObjectArrayElement(params, k);
-            nm.params.push_back(descriptorOf(classNameOf(e, p)));
-            nm.sig += nm.params.back();
-            e->DeleteLocalRef(p);
-        }
-        e->DeleteLocalRef(params);
-        jobject r = e->CallObjectMethod(m, getReturn);
-        th::failOnPendingException();
-        nm.ret = descriptorOf(classNameOf(e, r));
-        e->DeleteLocalRef(r);
-        nm.sig += ")" + nm.ret;
-        nm.id = e->FromReflectedMethod(m);
         e->DeleteLocalRef(m);
-        out.push_back(nm);
     }
     e->DeleteLocalRef(methods);
     return out;
@@ -117,49 +89,20 @@ struct Result {
 
 // Calls the method with the arguments given and leaves any pending exception to the caller.
 inline Result callRaw(JNIEnv* e, jobject player, const NativeMethod& m, const jvalue* args) {
+    jclass c = th::playerClass();
+#define PIJ_CALL_A(Type)                                      \
+    (m.isStatic ? e->CallStatic##Type##MethodA(c, m.id, args) \
+                : e->CallNonvirtual##Type##MethodA(player, c, m.id, args))
     Result r;
     r.kind = m.ret[0];
-    if (m.isStatic) {
-        jclass c = th::playerClass();
-        switch (r.kind) {
-            case 'V':
-                e->CallStaticVoidMethodA(c, m.id, args);
-                break;
-            case 'Z':
-                r.v.z = e->CallStaticBooleanMethodA(c, m.id, args);
-                break;
-            case 'I':
-                r.v.i = e->CallStaticIntMethodA(c, m.id, args);
-                break;
-            default:
-                r.v.l = e->CallStaticObjectMethodA(c, m.id, args);
-                break;
-        }
-        return r;
-    }
-    switch (r.kind) {
-        case 'V':
-            e->CallNonvirtualVoidMethodA(player, th::playerClass(), m.id, args);
-            break;
-        case 'Z':
-            r.v.z = e->CallNonvirtualBooleanMethodA(player, th::playerClass(), m.id, args);
-            break;
-        case 'B':
-            r.v.b = e->CallNonvirtualByteMethodA(player, th::playerClass(), m.id, args);
-            break;
-        case 'S':
-            r.v.s = e->CallNonvirtualShortMethodA(player, th::playerClass(), m.id, args);
-            break;
-        case 'I':
-            r.v.i = e->CallNonvirtualIntMethodA(player, th::playerClass(), m.id, args);
-            break;
-        case 'J':
-            r.v.j = e->CallNonvirtualLongMethodA(player, th::playerClass(), m.id, args);
-            break;
-        default:
-            r.v.l = e->CallNonvirtualObjectMethodA(player, th::playerClass(), m.id, args);
-            break;
-    }
+    if (r.kind == 'V') PIJ_CALL_A(Void);
+    if (r.kind == 'Z') r.v.z = PIJ_CALL_A(Boolean);
+    if (r.kind == 'B') r.v.b = PIJ_CALL_A(Byte);
+    if (r.kind == 'S') r.v.s = PIJ_CALL_A(Short);
+    if (r.kind == 'I') r.v.i = PIJ_CALL_A(Int);
+    if (r.kind == 'J') r.v.j = PIJ_CALL_A(Long);
+    if (r.kind == 'L' || r.kind == '[') r.v.l = PIJ_CALL_A(Object);
+#undef PIJ_CALL_A
     return r;
 }
 
@@ -167,22 +110,12 @@ inline Result callRaw(JNIEnv* e, jobject player, const NativeMethod& m, const jv
 
 constexpr int kVariants = 4;
 
-// A managed android.os.Parcel with a native parcel behind it, or one without (pointer 0).
-inline jobject makeParcel(JNIEnv* e, bool withNative) {
-    jclass c = th::findClass("android/os/Parcel");
-    jobject p = withNative ? e->CallStaticObjectMethod(
-                                 c, e->GetStaticMethodID(c, "obtain", "()Landroid/os/Parcel;"))
-                           : e->NewObject(c, e->GetMethodID(c, "<init>", "(J)V"), jlong{0});
-    th::failOnPendingException();
-    return p;
-}
-
-// A managed Surface with no native surface behind it.
-inline jobject emptySurface(JNIEnv* e) {
-    jclass c = th::findClass("android/view/Surface");
-    jobject s = e->NewObject(c, e->GetMethodID(c, "<init>", "(J)V"), jlong{0});
-    th::failOnPendingException();
-    return s;
+// Variant k of an integer type: 0, the minimum, the maximum, minus one.
+template <typename T>
+T extreme(int k) {
+    const T values[kVariants] = {0, std::numeric_limits<T>::min(), std::numeric_limits<T>::max(),
+                                 T(-1)};
+    return values[k];
 }
 
 // One argument of descriptor `d` for variant `k`: 0 the zero/null value, 1 the minimum
@@ -190,53 +123,33 @@ inline jobject emptySurface(JNIEnv* e) {
 // object whose fields are all defaults. Object arguments are local references.
 inline jvalue hostileArg(JNIEnv* e, const std::string& d, int k) {
     jvalue v{};
-    switch (d[0]) {
-        case 'Z':
-            v.z = (k % 2) ? JNI_TRUE : JNI_FALSE;
-            return v;
-        case 'B':
-            v.b = k == 1 ? SCHAR_MIN : k == 2 ? SCHAR_MAX : k == 3 ? -1 : 0;
-            return v;
-        case 'S':
-            v.s = k == 1 ? SHRT_MIN : k == 2 ? SHRT_MAX : k == 3 ? -1 : 0;
-            return v;
-        case 'I':
-            v.i = k == 1 ? INT_MIN : k == 2 ? INT_MAX : k == 3 ? -1 : 0;
-            return v;
-        case 'J':
-            v.j = k == 1 ? LLONG_MIN : k == 2 ? LLONG_MAX : k == 3 ? -1 : 0;
-            return v;
-        default:
-            break;
-    }
-    if (k == 0) return v;  // null
+    if (d == "Z") v.z = (k % 2) ? JNI_TRUE : JNI_FALSE;
+    if (d == "B") v.b = extreme<jbyte>(k);
+    if (d == "S") v.s = extreme<jshort>(k);
+    if (d == "I") v.i = extreme<jint>(k);
+    if (d == "J") v.j = extreme<jlong>(k);
+    if (d.size() == 1 || k == 0) return v;  // a primitive, or null
     if (d == "[I") {
         v.l = e->NewIntArray(k == 1 ? 0 : k == 2 ? (1 << 20) : 1);
-        return v;
-    }
-    if (d == "Ljava/lang/String;") {
-        if (k == 1) {
-            v.l = e->NewStringUTF("");
-        } else {
-            // A megabyte of text, or a short one outside ASCII.
-            std::string s = k == 2 ? std::string(1 << 20, 'x') : "\xc3\xa4\xe2\x82\xac";
-            v.l = e->NewStringUTF(s.c_str());
-        }
-        return v;
-    }
-    if (d == "Landroid/os/Parcel;") {
-        v.l = makeParcel(e, k != 3);
-        return v;
-    }
-    if (d == "Landroid/view/Surface;") {
-        v.l = emptySurface(e);
-        return v;
-    }
-    if (d == "Ljava/lang/Object;") {
+    } else if (d == "Ljava/lang/String;") {
+        // Empty, a megabyte of text, or a short one outside ASCII.
+        const std::string s = k == 2   ? std::string(1 << 20, 'x')
+                              : k == 1 ? ""
+                                       : "\xc3\xa4\xe2\x82\xac";
+        v.l = e->NewStringUTF(s.c_str());
+    } else if (d == "Landroid/os/Parcel;" && k != 3) {
+        jclass c = th::findClass("android/os/Parcel");
+        v.l = e->CallStaticObjectMethod(c,
+                                        e->GetStaticMethodID(c, "obtain", "()Landroid/os/Parcel;"));
+        th::failOnPendingException();
+    } else if (d == "Landroid/os/Parcel;" || d == "Landroid/view/Surface;") {
+        // A Parcel or a Surface with no native object behind it.
+        jclass c = th::findClass(d.substr(1, d.size() - 2).c_str());
+        v.l = e->NewObject(c, e->GetMethodID(c, "<init>", "(J)V"), jlong{0});
+        th::failOnPendingException();
+    } else if (d == "Ljava/lang/Object;") {
         v.l = e->NewStringUTF("not a weak reference");
-        return v;
-    }
-    if (d[0] == 'L') {
+    } else if (d[0] == 'L') {
         // A value object built without a constructor: every field null or zero.
         jclass c = e->FindClass(d.substr(1, d.size() - 2).c_str());
         th::failOnPendingException();
@@ -256,8 +169,7 @@ inline std::vector<jvalue> hostileArgs(JNIEnv* e, const NativeMethod& m, int k) 
 // Deletes the object arguments; a Parcel made by obtain() also frees its native parcel.
 inline void releaseArgs(JNIEnv* e, const NativeMethod& m, std::vector<jvalue>& args) {
     for (size_t i = 0; i < args.size(); ++i) {
-        const char c = m.params[i][0];
-        if ((c != 'L' && c != '[') || args[i].l == nullptr) continue;
+        if (m.params[i].size() == 1 || args[i].l == nullptr) continue;
         if (m.params[i] == "Landroid/os/Parcel;") {
             jclass pc = th::findClass("android/os/Parcel");
             e->CallVoidMethod(args[i].l, e->GetMethodID(pc, "recycle", "()V"));
@@ -283,10 +195,7 @@ inline const std::vector<std::string>& processEnding() {
     return names;
 }
 inline bool endsProcessWithoutPlayer(const std::string& name) {
-    for (const std::string& n : processEnding()) {
-        if (n == name) return true;
-    }
-    return false;
+    return std::find(processEnding().begin(), processEnding().end(), name) != processEnding().end();
 }
 
 }  // namespace rel

@@ -25,9 +25,9 @@ namespace fake {
 // ---- Objects and references ----
 
 struct Object {
-    std::atomic<int> kind{0};
-    jlong context = 0;  // mNativeContext: read and written only under the library's lock
-    jlong surface = 0;  // mNativeSurfaceTexture
+    std::atomic<int> kind{0};  // what was last stored in one of its other fields
+    jlong context = 0;         // mNativeContext: read and written only under the library's lock
+    jlong surface = 0;         // mNativeSurfaceTexture
 };
 
 // A reference is a handle on the heap pointing at its object.
@@ -35,11 +35,8 @@ struct Handle {
     Object* target;
 };
 
-inline Object gPlayerObject;
-inline Object gWeakObject;
-inline Object gClassObject;
-inline std::atomic<long> gGlobals{0};
-inline std::atomic<long> gPosts{0};
+inline Object gPlayerObject, gWeakObject, gClassObject;
+inline std::atomic<long> gGlobals{0}, gPosts{0};
 
 inline Object* deref(jobject ref) { return ref ? reinterpret_cast<Handle*>(ref)->target : nullptr; }
 inline jobject newHandle(Object* o) {
@@ -50,15 +47,6 @@ inline jfieldID const kContextField = reinterpret_cast<jfieldID>(1);
 inline jfieldID const kSurfaceField = reinterpret_cast<jfieldID>(2);
 inline jfieldID const kOtherField = reinterpret_cast<jfieldID>(3);
 
-inline jlong JNICALL getLong(JNIEnv*, jobject obj, jfieldID f) {
-    Object* o = deref(obj);
-    return f == kContextField ? o->context : f == kSurfaceField ? o->surface : 0;
-}
-inline void JNICALL setLong(JNIEnv*, jobject obj, jfieldID f, jlong v) {
-    Object* o = deref(obj);
-    if (f == kContextField) o->context = v;
-    if (f == kSurfaceField) o->surface = v;
-}
 inline jobject JNICALL newGlobal(JNIEnv*, jobject obj) {
     if (obj == nullptr) return nullptr;
     gGlobals.fetch_add(1);
@@ -69,9 +57,12 @@ inline void JNICALL deleteGlobal(JNIEnv*, jobject obj) {
     gGlobals.fetch_sub(1);
     delete reinterpret_cast<Handle*>(obj);
 }
-// Local references live until the end of the run: the harness keeps no frames.
+
+// Local references, and the objects the managed side would own, live until resetLocals: the
+// stand-in keeps no frames.
 inline std::mutex gLocalsLock;
 inline std::vector<Handle*> gLocals;
+inline std::vector<Object*> gMadeObjects;
 inline jobject keepLocal(Object* o) {
     if (o == nullptr) return nullptr;
     auto* h = new Handle{o};
@@ -79,52 +70,12 @@ inline jobject keepLocal(Object* o) {
     gLocals.push_back(h);
     return reinterpret_cast<jobject>(h);
 }
-inline jobject JNICALL newLocal(JNIEnv*, jobject obj) { return keepLocal(deref(obj)); }
-inline void JNICALL deleteLocal(JNIEnv*, jobject) {}
-inline jclass JNICALL getObjectClass(JNIEnv*, jobject) {
-    return static_cast<jclass>(keepLocal(&gClassObject));
-}
-inline jclass JNICALL findClass(JNIEnv*, const char*) {
-    return static_cast<jclass>(keepLocal(&gClassObject));
-}
-inline jmethodID JNICALL getMethodId(JNIEnv*, jclass, const char*, const char*) {
-    return reinterpret_cast<jmethodID>(1);
-}
-inline jfieldID JNICALL getFieldId(JNIEnv*, jclass, const char*, const char*) {
-    return kOtherField;
-}
-// Objects the managed side would own; freed by resetLocals.
-inline std::vector<Object*> gMadeObjects;
-inline Object* madeObject() {
+inline jobject madeObject() {
+    auto* o = new Object;
     std::lock_guard<std::mutex> guard(gLocalsLock);
-    gMadeObjects.push_back(new Object);
-    return gMadeObjects.back();
-}
-inline jobject JNICALL newObjectV(JNIEnv*, jclass, jmethodID, va_list) {
-    return keepLocal(madeObject());
-}
-inline jobject JNICALL allocObject(JNIEnv*, jclass) { return keepLocal(madeObject()); }
-inline jboolean JNICALL exceptionCheck(JNIEnv*) { return JNI_FALSE; }
-inline void JNICALL exceptionClear(JNIEnv*) {}
-inline jint JNICALL pushFrame(JNIEnv*, jint) { return JNI_OK; }
-inline jobject JNICALL popFrame(JNIEnv*, jobject r) { return r; }
-// A value set on an object is read back by no one; touching the object is what counts.
-inline void JNICALL setShort(JNIEnv*, jobject o, jfieldID, jshort) { deref(o)->kind.store(1); }
-inline void JNICALL setInt(JNIEnv*, jobject o, jfieldID, jint) { deref(o)->kind.store(2); }
-inline void JNICALL setBool(JNIEnv*, jobject o, jfieldID, jboolean) { deref(o)->kind.store(3); }
-inline void JNICALL setObject(JNIEnv*, jobject o, jfieldID, jobject) { deref(o)->kind.store(4); }
-inline jstring JNICALL newStringUtf(JNIEnv*, const char*) {
-    return static_cast<jstring>(keepLocal(madeObject()));
-}
-inline jintArray JNICALL newIntArray(JNIEnv*, jsize) {
-    return static_cast<jintArray>(keepLocal(madeObject()));
-}
-inline void JNICALL setIntRegion(JNIEnv*, jintArray, jsize, jsize, const jint*) {}
-inline void JNICALL callStaticVoidV(JNIEnv*, jclass cls, jmethodID, va_list args) {
-    deref(cls);  // the listener's class reference must still be alive
-    jobject weak = va_arg(args, jobject);
-    deref(weak);
-    gPosts.fetch_add(1);
+    gMadeObjects.push_back(o);
+    gLocals.push_back(new Handle{o});
+    return reinterpret_cast<jobject>(gLocals.back());
 }
 
 inline JNINativeInterface gFunctions;
@@ -132,45 +83,53 @@ inline _JNIEnv gEnv;
 inline JNIInvokeInterface gInvoke;
 inline _JavaVM gVm;
 
-inline jint JNICALL getJavaVm(JNIEnv*, JavaVM** vm) {
-    *vm = &gVm;
-    return JNI_OK;
-}
-inline jint JNICALL attach(JavaVM*, JNIEnv** env, void*) {
-    *env = &gEnv;
-    return JNI_OK;
-}
-
 inline void installEnvironment() {
-    gFunctions = JNINativeInterface{};
-    gFunctions.GetLongField = getLong;
-    gFunctions.SetLongField = setLong;
-    gFunctions.NewGlobalRef = newGlobal;
-    gFunctions.DeleteGlobalRef = deleteGlobal;
-    gFunctions.NewLocalRef = newLocal;
-    gFunctions.DeleteLocalRef = deleteLocal;
-    gFunctions.GetObjectClass = getObjectClass;
-    gFunctions.FindClass = findClass;
-    gFunctions.GetMethodID = getMethodId;
-    gFunctions.GetFieldID = getFieldId;
-    gFunctions.NewObjectV = newObjectV;
-    gFunctions.AllocObject = allocObject;
-    gFunctions.ExceptionCheck = exceptionCheck;
-    gFunctions.ExceptionClear = exceptionClear;
-    gFunctions.PushLocalFrame = pushFrame;
-    gFunctions.PopLocalFrame = popFrame;
-    gFunctions.SetShortField = setShort;
-    gFunctions.SetIntField = setInt;
-    gFunctions.SetBooleanField = setBool;
-    gFunctions.SetObjectField = setObject;
-    gFunctions.NewStringUTF = newStringUtf;
-    gFunctions.NewIntArray = newIntArray;
-    gFunctions.SetIntArrayRegion = setIntRegion;
-    gFunctions.CallStaticVoidMethodV = callStaticVoidV;
-    gFunctions.GetJavaVM = getJavaVm;
+    JNINativeInterface& f = gFunctions = JNINativeInterface{};
+    f.GetLongField = [](JNIEnv*, jobject obj, jfieldID id) -> jlong {
+        if (id == kContextField) return deref(obj)->context;
+        return id == kSurfaceField ? deref(obj)->surface : 0;
+    };
+    f.SetLongField = [](JNIEnv*, jobject obj, jfieldID id, jlong v) {
+        if (id == kContextField) deref(obj)->context = v;
+        if (id == kSurfaceField) deref(obj)->surface = v;
+    };
+    f.NewGlobalRef = newGlobal;
+    f.DeleteGlobalRef = deleteGlobal;
+    f.NewLocalRef = [](JNIEnv*, jobject obj) { return keepLocal(deref(obj)); };
+    f.DeleteLocalRef = [](JNIEnv*, jobject) {};
+    f.GetObjectClass = [](JNIEnv*, jobject) { return jclass(keepLocal(&gClassObject)); };
+    f.FindClass = [](JNIEnv*, const char*) { return jclass(keepLocal(&gClassObject)); };
+    f.GetMethodID = [](JNIEnv*, jclass, const char*, const char*) { return jmethodID(1); };
+    f.GetFieldID = [](JNIEnv*, jclass, const char*, const char*) { return kOtherField; };
+    f.NewObjectV = [](JNIEnv*, jclass, jmethodID, va_list) { return madeObject(); };
+    f.AllocObject = [](JNIEnv*, jclass) { return madeObject(); };
+    f.ExceptionCheck = [](JNIEnv*) -> jboolean { return JNI_FALSE; };
+    f.ExceptionClear = [](JNIEnv*) {};
+    f.PushLocalFrame = [](JNIEnv*, jint) -> jint { return JNI_OK; };
+    f.PopLocalFrame = [](JNIEnv*, jobject r) { return r; };
+    // A value stored in an object is read back by no one; touching the object is what counts.
+    f.SetShortField = [](JNIEnv*, jobject o, jfieldID, jshort) { deref(o)->kind.store(1); };
+    f.SetIntField = [](JNIEnv*, jobject o, jfieldID, jint) { deref(o)->kind.store(2); };
+    f.SetBooleanField = [](JNIEnv*, jobject o, jfieldID, jboolean) { deref(o)->kind.store(3); };
+    f.SetObjectField = [](JNIEnv*, jobject o, jfieldID, jobject) { deref(o)->kind.store(4); };
+    f.NewStringUTF = [](JNIEnv*, const char*) { return jstring(madeObject()); };
+    f.NewIntArray = [](JNIEnv*, jsize) { return jintArray(madeObject()); };
+    f.SetIntArrayRegion = [](JNIEnv*, jintArray, jsize, jsize, const jint*) {};
+    f.CallStaticVoidMethodV = [](JNIEnv*, jclass cls, jmethodID, va_list args) {
+        deref(cls);                    // the listener's class reference must still be alive
+        deref(va_arg(args, jobject));  // and so must its weak reference
+        gPosts.fetch_add(1);
+    };
+    f.GetJavaVM = [](JNIEnv*, JavaVM** vm) -> jint {
+        *vm = &gVm;
+        return JNI_OK;
+    };
     gEnv.functions = &gFunctions;
     gInvoke = JNIInvokeInterface{};
-    gInvoke.AttachCurrentThread = attach;
+    gInvoke.AttachCurrentThread = [](JavaVM*, JNIEnv** env, void*) -> jint {
+        *env = &gEnv;
+        return JNI_OK;
+    };
     gVm.functions = &gInvoke;
 
     pij::gPlayerFields.context = kContextField;

@@ -56,12 +56,8 @@ void RefBase::decStrong(const void* id) const {
 void RefBase::forceIncStrong(const void* id) const {
     mRefs->incWeak(id);
     const int32_t c = mRefs->mStrong.fetch_add(1, std::memory_order_relaxed);
-    if (c == kInitialStrong) {
-        mRefs->mStrong.fetch_sub(kInitialStrong, std::memory_order_relaxed);
-        const_cast<RefBase*>(this)->onFirstRef();
-    } else if (c == 0) {
-        const_cast<RefBase*>(this)->onFirstRef();
-    }
+    if (c == kInitialStrong) mRefs->mStrong.fetch_sub(kInitialStrong, std::memory_order_relaxed);
+    if (c == kInitialStrong || c == 0) const_cast<RefBase*>(this)->onFirstRef();
 }
 
 int32_t RefBase::getStrongCount() const { return mRefs->mStrong.load(std::memory_order_relaxed); }
