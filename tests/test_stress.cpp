@@ -8,6 +8,7 @@
 // It runs PIJ_SOAK_SECONDS seconds (10 by default); scripts/soak.sh runs it for longer.
 #include <gtest/gtest.h>
 #include <gui/Surface.h>
+#include <malloc.h>
 
 #include <algorithm>
 #include <array>
@@ -41,6 +42,30 @@ long residentMegabytes() {
         if (long kb = 0; key == "VmRSS:" && status >> kb) return kb / 1024;
     }
     return -1;
+}
+
+// Where the memory is: the native heap in use (the library, the substitutes, the test's own
+// records) and the managed heap in use and committed, in MB.
+struct Memory {
+    long resident, nativeHeap, managedUsed, managedCommitted;
+};
+Memory memoryNow(JNIEnv* e) {
+    const struct mallinfo2 m = mallinfo2();
+    jclass rt = e->FindClass("java/lang/Runtime");
+    jmethodID get = e->GetStaticMethodID(rt, "getRuntime", "()Ljava/lang/Runtime;");
+    jmethodID total = e->GetMethodID(rt, "totalMemory", "()J");
+    jmethodID spare = e->GetMethodID(rt, "freeMemory", "()J");
+    jobject r = e->CallStaticObjectMethod(rt, get);
+    th::failOnPendingException();
+    const jlong committed = e->CallLongMethod(r, total);
+    th::failOnPendingException();
+    const jlong unused = e->CallLongMethod(r, spare);
+    th::failOnPendingException();
+    e->DeleteLocalRef(r);
+    e->DeleteLocalRef(rt);
+    constexpr long kMB = 1024 * 1024;
+    return {residentMegabytes(), static_cast<long>((m.uordblks + m.hblkhd) / kMB),
+            static_cast<long>((committed - unused) / kMB), static_cast<long>(committed / kMB)};
 }
 
 // ---- Posted events, counted by sequence number ----
@@ -423,13 +448,13 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
 
     // Housekeeping: the fakes' call records and the harness's captured log lines would grow
     // without end in a long run (a soak once ran out of memory on the log lines alone).
-    const long rssStart = residentMegabytes();
+    const Memory memStart = memoryNow(env);
     while (Clock::now() < deadline) {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         if (const Snapshot s = snapshot(); s.fake != nullptr) s.fake->clearCalls();
         th::clearLogs();
     }
-    const long rssEnd = residentMegabytes();
+    const Memory memEnd = memoryNow(env);
     lifecycle.join();
     stop.store(true);
     for (auto& t : threads) t.join();
@@ -443,7 +468,12 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
         seconds, gFig.calls.load(), gFig.fired.load(), gFig.firedWhileUp.load(),
         gCounter.total.load(), gFig.setups.load(), gFig.finalizes.load(), gFig.suspends.load(),
         gFig.failures.load());
-    printf("STRESS resident memory %ld MB after set-up, %ld MB at the end\n", rssStart, rssEnd);
+    printf(
+        "STRESS memory (MB) after set-up / at the end: resident %ld / %ld, native heap %ld / %ld, "
+        "managed heap used %ld / %ld of %ld / %ld committed\n",
+        memStart.resident, memEnd.resident, memStart.nativeHeap, memEnd.nativeHeap,
+        memStart.managedUsed, memEnd.managedUsed, memStart.managedCommitted,
+        memEnd.managedCommitted);
 
     for (const std::string& m : gFig.messages) ADD_FAILURE() << m;
     EXPECT_EQ(gFig.failures.load(), 0);
