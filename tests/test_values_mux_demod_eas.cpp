@@ -2,9 +2,10 @@
 #include <android/log.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstring>
+#include <sstream>
 #include <string>
+#include <tuple>
 
 #include "core/PlayerImpl.h"
 #include "harness/fields.h"
@@ -23,7 +24,8 @@ const char* kIpc = "com/vireo/android/tvapi/common/exception/TvIpcException";
 const char* kState = "java/lang/IllegalStateException";
 const char* kUnsupported = "com/vireo/android/tvapi/common/exception/TvUnsupportedException";
 
-const char* kMuxSig = "Lcom/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo;";
+const char* kMuxSig = "()Lcom/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo;";
+const char* kMuxBySig = "(IS)Lcom/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo;";
 const char* kRfSig = "(II)Lcom/vireo/android/tvapi/dtv/vo/RfInfo;";
 const char* kVersionSig = "(I)Lcom/vireo/android/tvapi/dtv/vo/DtvDemodVersion;";
 const char* kDvbtSig = "()Lcom/vireo/android/tvapi/dtv/dvb/dvbt/DtvDemodDvbtInfo;";
@@ -36,29 +38,33 @@ std::string fatal(const char* handler, int line, const char* cls) {
                          cls);
 }
 
-class ValuesMuxDemodEas : public th::PlayerTest {
-protected:
-    void dropPlayer() {
-        th::callV(player, "release", "()V");
-        th::clearLogs();
+// Reads the fields `want` lists as "name:T=value" (T the managed type: I, S, B or Z) and
+// gives the list back with the values found, so one comparison shows every field.
+std::string readFields(jobject o, const std::string& want) {
+    std::istringstream in(want);
+    std::string item, out;
+    while (in >> item) {
+        const std::string name = item.substr(0, item.find(':'));
+        const char t = item.at(name.size() + 1), *n = name.c_str();
+        jint v = t == 'S'   ? th::getS(o, n)
+                 : t == 'B' ? th::getB(o, n)
+                 : t == 'Z' ? th::getZ(o, n)
+                            : th::getI(o, n);
+        out += (out.empty() ? "" : " ") + name + ':' + t + '=' + std::to_string(v);
     }
-};
+    return out;
+}
+
+using ValuesMuxDemodEas = th::PlayerTest;
 
 TEST_F(ValuesMuxDemodEas, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) {
-    dropPlayer();
-    JNIEnv* e = th::env();
-    struct Case {
-        const char* handler;
-        int line;
-        const char* cls;
-        jobject result;
-    };
-    std::string mux = std::string("()") + kMuxSig;
-    std::string muxBy = std::string("(IS)") + kMuxSig;
-    const Case cases[] = {
-        {"getCurrentMuxInfo", 2508, kIpc, th::callL(player, "getCurrentMuxInfo", mux.c_str())},
+    th::callV(player, "release", "()V");
+    th::clearLogs();
+    // The exported handler, its report and what the managed call returned.
+    const std::tuple<const char*, int, const char*, jobject> cases[] = {
+        {"getCurrentMuxInfo", 2508, kIpc, th::callL(player, "getCurrentMuxInfo", kMuxSig)},
         {"getMuxInfoByProgramNumber", 2584, kIpc,
-         th::callL(player, "getMuxInfoByProgramNumber", muxBy.c_str(), 1, jshort{2})},
+         th::callL(player, "getMuxInfoByProgramNumber", kMuxBySig, 1, jshort{2})},
         {"getRFInfo", 2389, kIpc, th::callL(player, "native_getRfInfo", kRfSig, 1, 2)},
         {"native_getNitFrequencyByDtvRegion", 2944, kState,
          th::callL(player, "native_getNitFrequencyByDtvRegion", "(I)[I", 3)},
@@ -68,141 +74,66 @@ TEST_F(ValuesMuxDemodEas, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) {
         {"getDemodDVBCInfo", 3457, kState, th::callL(player, "getDemodDVBCInfo", kDvbcSig)},
         {"getEASInProgress", 3721, kIpc, th::callL(player, "getEASInProgress", kEasSig)},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.handler);
-        EXPECT_EQ(c.result, nullptr);
-        EXPECT_EQ(th::countLog(E, fatal(c.handler, c.line, c.cls)), 1) << th::dumpLogs();
+    for (const auto& [handler, line, cls, result] : cases) {
+        EXPECT_EQ(result, nullptr) << handler;
+        EXPECT_EQ(th::countLog(E, fatal(handler, line, cls)), 1) << th::dumpLogs();
     }
-    EXPECT_TRUE(th::hasLog(D, "getRFInfo"));
-    EXPECT_FALSE(e->ExceptionCheck());
-    renewPlayer();
 }
 
-TEST_F(ValuesMuxDemodEas, UnsupportedAlertMethodsOnlyReportWithOrWithoutAPlayer) {
-    for (int round = 0; round < 2; ++round) {
-        SCOPED_TRACE(round == 0 ? "with a player" : "without a player");
-        if (round == 1) dropPlayer();
-        fake->clearCalls();
-        th::clearLogs();
-        EXPECT_EQ(th::callL(player, "getTSUpdateInfo", kTsSig, 5), nullptr);
-        th::callV(player, "setEasProgressDone", "()V");
-        th::callV(player, "setEasAudioDesired", "(Z)V", JNI_TRUE);
-        EXPECT_EQ(th::callZ(player, "getEasProgressSatus", "()Z"), JNI_FALSE);
-        EXPECT_TRUE(fake->calls().empty()) << "the player is never touched";
-        const struct {
-            const char* name;
-            int line;
-        } rows[] = {{"getTSUpdateInfo", 3668},
-                    {"setEasProgressDone", 3681},
-                    {"setEasAudioDesired", 3693},
-                    {"getEasProgressSatus", 3705}};
-        for (const auto& r : rows) {
-            EXPECT_TRUE(th::hasLog(D, r.name)) << r.name;
-            EXPECT_EQ(th::countLog(E, fatal(r.name, r.line, kUnsupported)), 1) << th::dumpLogs();
-        }
-        EXPECT_EQ(th::logs().size(), 8u) << th::dumpLogs();
+TEST_F(ValuesMuxDemodEas, UnsupportedAlertMethodsOnlyReportAndLeaveThePlayerAlone) {
+    EXPECT_EQ(th::callL(player, "getTSUpdateInfo", kTsSig, 5), nullptr);
+    th::callV(player, "setEasProgressDone", "()V");
+    th::callV(player, "setEasAudioDesired", "(Z)V", JNI_TRUE);
+    EXPECT_EQ(th::callZ(player, "getEasProgressSatus", "()Z"), JNI_FALSE);
+    EXPECT_TRUE(fake->calls().empty());
+    for (const auto& [name, line] :
+         {std::pair{"getTSUpdateInfo", 3668}, std::pair{"setEasProgressDone", 3681},
+          std::pair{"setEasAudioDesired", 3693}, std::pair{"getEasProgressSatus", 3705}}) {
+        EXPECT_EQ(th::countLog(E, fatal(name, line, kUnsupported)), 1) << name;
     }
-    renewPlayer();
+    EXPECT_EQ(th::logs().size(), 8u) << "a trace and a report each: " << th::dumpLogs();
 }
 
 // ---- Multiplex, RF and NIT ----
 
-DvbMuxInfoRec sampleMux() {
-    DvbMuxInfoRec r{};
-    r.satTableId = 0xFFFF;
-    r.networkTableID = 0x8000;
-    r.refCnt = 3;
-    r.transportStreamId = 0x1234;
-    r.originalNetworkId = 0x233A;
-    r.networkId = 0x3001;
-    r.cellID = 0xFFFE;
-    r.rfNumber = 200;
-    r.frequency = 474000;
-    r.lossSignalFrequency = -1;
-    r.lossSignalStartTime = 111;
-    r.symbRate = 6875;
-    r.modulationMode = 0xFF;
-    r.plpID = 0xABCD;
-    r.lpCoding = 1;
-    r.satID = 0x90;
-    r.bandwidth = 8;
-    r.polarityPilotsReserved = 0xF0;
-    return r;
-}
-
-void expectSampleMux(jobject m) {
-    ASSERT_NE(m, nullptr);
-    EXPECT_EQ(th::getI(m, "satTableId"), 65535);
-    EXPECT_EQ(th::getI(m, "networkTableID"), 32768);
-    EXPECT_EQ(th::getI(m, "refCnt"), 3);
-    EXPECT_EQ(th::getI(m, "transportStreamId"), 0x1234);
-    EXPECT_EQ(th::getI(m, "originalNetworkId"), 0x233A);
-    EXPECT_EQ(th::getI(m, "networkId"), 0x3001);
-    EXPECT_EQ(th::getI(m, "cellID"), 0xFFFE);
-    EXPECT_EQ(th::getS(m, "rfNumber"), 200) << "zero-extended, not -56";
-    EXPECT_EQ(th::getI(m, "frequency"), 474000);
-    EXPECT_EQ(th::getI(m, "lossSignalFrequency"), -1);
-    EXPECT_EQ(th::getI(m, "lossSignalStartTime"), 111);
-    EXPECT_EQ(th::getI(m, "symbRate"), 6875);
-    EXPECT_EQ(th::getS(m, "modulationMode"), 255);
-    EXPECT_EQ(th::getI(m, "plpID"), 0xABCD);
-    EXPECT_EQ(th::getZ(m, "lpCoding"), JNI_TRUE);
-    EXPECT_EQ(th::getS(m, "satID"), 0x90);
-    EXPECT_EQ(th::getS(m, "bandwidth"), 8);
-    EXPECT_EQ(th::getI(m, "polarityPilotsReserved"), 0xF0);
-}
-
 TEST_F(ValuesMuxDemodEas, BothMultiplexQueriesZeroExtendAndPassTheirArguments) {
-    const DvbMuxInfoRec rec = sampleMux();
+    // In record order, every field a value of its own; rfNumber 200 has its top bit set.
+    const DvbMuxInfoRec rec{0xFFFF, 0x8000, 3,    0x1234, 0x233A, 0x3001, 0xFFFE, 200, 474000,
+                            -1,     111,    6875, 0xFF,   0xABCD, 1,      0x90,   8,   0xF0};
     auto fill = [rec](const host::OutArgs& o) { o.at<DvbMuxInfoRec>(0) = rec; };
     fake->onCall("getCurrentMuxInfo", fill);
     fake->onCall("getMuxInfoByProgramNumber", fill);
-
-    std::string sig = std::string("()") + kMuxSig;
-    jobject m = th::callL(player, "getCurrentMuxInfo", sig.c_str());
-    expectSampleMux(m);
-    th::env()->DeleteLocalRef(m);
-
-    sig = std::string("(IS)") + kMuxSig;
-    m = th::callL(player, "getMuxInfoByProgramNumber", sig.c_str(), 1001, jshort{-5});
-    expectSampleMux(m);
-    th::env()->DeleteLocalRef(m);
-    auto calls = fake->callsOf("getMuxInfoByProgramNumber");
-    ASSERT_EQ(calls.size(), 1u);
-    ASSERT_GE(calls[0].args.size(), 2u);
-    EXPECT_EQ(calls[0].args[0], 1001);
-    EXPECT_EQ(calls[0].args[1], -5) << "a negative short passes unchanged";
-    EXPECT_TRUE(th::hasLog(D, "getCurrentMuxInfo"));
-    EXPECT_TRUE(th::hasLog(D, "getMuxInfoByProgramNumber"));
+    for (jobject m :
+         {th::callL(player, "getCurrentMuxInfo", kMuxSig),
+          th::callL(player, "getMuxInfoByProgramNumber", kMuxBySig, 1001, jshort{-5})}) {
+        ASSERT_NE(m, nullptr);
+        const std::string want =
+            "satTableId:I=65535 networkTableID:I=32768 refCnt:I=3 transportStreamId:I=4660 "
+            "originalNetworkId:I=9018 networkId:I=12289 cellID:I=65534 rfNumber:S=200 "
+            "frequency:I=474000 lossSignalFrequency:I=-1 lossSignalStartTime:I=111 "
+            "symbRate:I=6875 modulationMode:S=255 plpID:I=43981 lpCoding:Z=1 satID:S=144 "
+            "bandwidth:S=8 polarityPilotsReserved:I=240";
+        EXPECT_EQ(readFields(m, want), want);
+        th::env()->DeleteLocalRef(m);
+    }
+    auto args = fake->callsOf("getMuxInfoByProgramNumber").at(0).args;
+    EXPECT_EQ(args.at(0), 1001);
+    EXPECT_EQ(args.at(1), -5) << "a negative short passes unchanged";
 }
 
 TEST_F(ValuesMuxDemodEas, RfInfoCarriesItsArgumentsAndName) {
-    std::string name;
-    fake->onCall("getRfInfo", [&](const host::OutArgs& o) {
-        auto& r = o.at<RfInfoRec>(0);
-        r.rfPhyNum = 0xFFF0;
-        r.frequency = 177500;
-        r.isVHF = 1;
-        r.rfName = android::String8(name.c_str());
+    fake->onCall("getRfInfo", [](const host::OutArgs& o) {
+        o.at<RfInfoRec>(0) = {0xFFF0, 177500, 1, android::String8("CH 5A")};
     });
     jobject rf = th::callL(player, "native_getRfInfo", kRfSig, 2, -7);
     ASSERT_NE(rf, nullptr);
-    EXPECT_EQ(th::getS(rf, "rfPhyNum"), -16);
-    EXPECT_EQ(th::getI(rf, "frequency"), 177500);
-    EXPECT_EQ(th::getZ(rf, "isVHF"), JNI_TRUE);
-    bool isNull = true;
-    EXPECT_EQ(th::getStr(rf, "rfName", &isNull), "");
-    EXPECT_FALSE(isNull) << "an empty name is an empty string";
+    EXPECT_EQ(readFields(rf, "rfPhyNum:S=-16 frequency:I=177500 isVHF:Z=1"),
+              "rfPhyNum:S=-16 frequency:I=177500 isVHF:Z=1");
+    EXPECT_EQ(th::getStr(rf, "rfName"), "CH 5A");
     th::env()->DeleteLocalRef(rf);
-    auto calls = fake->callsOf("getRfInfo");
-    ASSERT_EQ(calls.size(), 1u);
-    EXPECT_EQ(calls[0].args[0], 2);
-    EXPECT_EQ(calls[0].args[1], -7);
-
-    name = "CH 5A";
-    rf = th::callL(player, "native_getRfInfo", kRfSig, 0, 0);
-    EXPECT_EQ(th::getStr(rf, "rfName", nullptr), "CH 5A");
-    th::env()->DeleteLocalRef(rf);
+    auto args = fake->callsOf("getRfInfo").at(0).args;
+    EXPECT_EQ(args.at(0), 2);
+    EXPECT_EQ(args.at(1), -7);
 }
 
 TEST_F(ValuesMuxDemodEas, NitFrequenciesArePairedAndARefusalIsNull) {
@@ -213,33 +144,24 @@ TEST_F(ValuesMuxDemodEas, NitFrequenciesArePairedAndARefusalIsNull) {
     });
     auto a =
         static_cast<jintArray>(th::callL(player, "native_getNitFrequencyByDtvRegion", "(I)[I", 9));
-    ASSERT_NE(a, nullptr);
-    ASSERT_EQ(th::env()->GetArrayLength(a), 2);
-    jint v[2];
-    th::env()->GetIntArrayRegion(a, 0, 2, v);
-    EXPECT_EQ(v[0], 506000);
-    EXPECT_EQ(v[1], -2);
+    EXPECT_EQ(th::ints(a), (std::vector<jint>{506000, -2}));
     th::env()->DeleteLocalRef(a);
-    EXPECT_EQ(fake->callsOf("getNitFrequencyByDtvRegion")[0].args[0], 9);
-    EXPECT_EQ(th::countLog(E, fatal("native_getNitFrequencyByDtvRegion", 2950, kState)), 0);
+    EXPECT_EQ(fake->callsOf("getNitFrequencyByDtvRegion").at(0).args.at(0), 9);
 
     // Only bit 0 of the answer counts: 2 is a refusal.
+    th::clearLogs();
     fake->setResult("getNitFrequencyByDtvRegion", 2);
     EXPECT_EQ(th::callL(player, "native_getNitFrequencyByDtvRegion", "(I)[I", 9), nullptr);
     EXPECT_EQ(th::countLog(E, fatal("native_getNitFrequencyByDtvRegion", 2950, kState)), 1)
         << th::dumpLogs();
-    EXPECT_EQ(th::countLog(D, "native_getNitFrequencyByDtvRegion"), 2);
 }
 
 // ---- Demodulator ----
 
 TEST_F(ValuesMuxDemodEas, DemodVersionKeepsEveryByteZeroExtended) {
     fake->onCall("getDTVDemodVersion", [](const host::OutArgs& o) {
-        auto& r = o.at<DtvDemodVersionRec>(0);
-        std::memcpy(r.name, "A\0C\xC3", 4);
-        std::memcpy(r.version, "01", 2);
-        std::memcpy(r.build, "02", 2);
-        std::memcpy(r.changelist, "1234567\xFF", 8);
+        // name "A", 0, "C", 0xC3; version "01"; build "02"; changelist "1234567", 0xFF
+        std::memcpy(&o.at<DtvDemodVersionRec>(0), "A\0C\30301021234567\377", 16);
     });
     jobject v = th::callL(player, "native_getDTVDemodVersion", kVersionSig, 4);
     ASSERT_NE(v, nullptr);
@@ -248,87 +170,51 @@ TEST_F(ValuesMuxDemodEas, DemodVersionKeepsEveryByteZeroExtended) {
     EXPECT_EQ(th::numbers<jchar>(v, "build", "[C"), "48,50");
     EXPECT_EQ(th::numbers<jchar>(v, "changelist", "[C"), "49,50,51,52,53,54,55,255");
     th::env()->DeleteLocalRef(v);
-    EXPECT_EQ(fake->callsOf("getDTVDemodVersion")[0].args[0], 4);
-    EXPECT_TRUE(th::hasLog(D, "getDTVDemodVersion"));
+    EXPECT_EQ(fake->callsOf("getDTVDemodVersion").at(0).args.at(0), 4);
 }
 
-TEST_F(ValuesMuxDemodEas, DvbtStateCarriesBytesAndFloatsOrNullWhenRefused) {
+TEST_F(ValuesMuxDemodEas, DemodStateCarriesItsBitsOrIsNullSilentlyWhenRefused) {
     fake->onCall("getDemodDVBTInfo", [](const host::OutArgs& o) {
-        auto& r = o.at<DtvDemodDvbtInfoRec>(0);
-        r.u16Version = 0x8001;
-        r.u16DemodState = 0x80;
-        r.SfoValue = 1.5f;
-        r.TotalCfo = -0.25f;
-        r.u16ChannelLength = 0xFFFF;
-        uint8_t* bytes = &r.u8Fft;
-        for (int i = 0; i < 13; ++i) bytes[i] = static_cast<uint8_t>(0xF0 + i);
+        o.at<DtvDemodDvbtInfoRec>(0) = {0x8001, 0x80, 1.5f, -0.25f, 0xFFFF, 0xF0, 0xF1, 0xF2, 0xF3,
+                                        0xF4,   0xF5, 0xF6, 0xF7,   0xF8,   0xF9, 0xFA, 0xFB, 0xFC};
+    });
+    fake->onCall("getDemodDVBCInfo", [](const host::OutArgs& o) {
+        o.at<DtvDemodDvbcInfoRec>(0) = {3, 40000,  0x81, 0xFFFFFFFFu, 1, 0,  0xFE, 123456,
+                                        2, 0x8000, 99,   0x80000000u, 7, 64, 6900};
     });
     fake->setResult("getDemodDVBTInfo", 1);
+    fake->setResult("getDemodDVBCInfo", 1);
+
     jobject t = th::callL(player, "getDemodDVBTInfo", kDvbtSig);
     ASSERT_NE(t, nullptr);
-    EXPECT_EQ(th::getS(t, "u16Version"), static_cast<jshort>(0x8001));
-    EXPECT_EQ(th::getB(t, "u16DemodState"), -128);
+    const std::string dvbt =
+        "u16Version:S=-32767 u16DemodState:B=-128 u16ChannelLength:S=-1 u8Fft:B=-16 "
+        "u8Constel:B=-15 u8Gi:B=-14 u8HpCr:B=-13 u8LpCr:B=-12 u8Hiearchy:B=-11 u8Fd:B=-10 "
+        "u8ChLen:B=-9 u8SnrSel:B=-8 u8PertoneNum:B=-7 u8DigAci:B=-6 u8FlagCi:B=-5 u8TdCoef:B=-4";
+    EXPECT_EQ(readFields(t, dvbt), dvbt);
     EXPECT_FLOAT_EQ(th::getF(t, "SfoValue"), 1.5f);
     EXPECT_FLOAT_EQ(th::getF(t, "TotalCfo"), -0.25f);
-    EXPECT_EQ(th::getS(t, "u16ChannelLength"), -1);
-    const char* names[] = {"u8Fft",      "u8Constel", "u8Gi",    "u8HpCr",   "u8LpCr",
-                           "u8Hiearchy", "u8Fd",      "u8ChLen", "u8SnrSel", "u8PertoneNum",
-                           "u8DigAci",   "u8FlagCi",  "u8TdCoef"};
-    for (int i = 0; i < 13; ++i)
-        EXPECT_EQ(th::getB(t, names[i]), static_cast<jbyte>(0xF0 + i)) << names[i];
     th::env()->DeleteLocalRef(t);
 
-    th::clearLogs();
-    fake->setResult("getDemodDVBTInfo", 2);  // bit 0 clear: refused
-    EXPECT_EQ(th::callL(player, "getDemodDVBTInfo", kDvbtSig), nullptr);
-    ASSERT_EQ(th::logs().size(), 1u) << "nothing beyond the trace line: " << th::dumpLogs();
-    EXPECT_TRUE(th::hasLog(D, "getDemodDVBTInfo"));
-}
-
-TEST_F(ValuesMuxDemodEas, DvbcStateKeepsBitsOrIsNullSilently) {
-    fake->onCall("getDemodDVBCInfo", [](const host::OutArgs& o) {
-        auto& r = o.at<DtvDemodDvbcInfoRec>(0);
-        r.u16Version = 3;
-        r.u16SymbolRate = 40000;
-        r.eQamMode = 0x81;
-        r.u32IFFreq = 0xFFFFFFFFu;
-        r.bSpecInv = 1;
-        r.bSerialTS = 0;
-        r.u8SarValue = 0xFE;
-        r.u32ChkScanTimeStart = 123456;
-        r.eLockStatus = 2;
-        r.u16Strength = 0x8000;
-        r.u16Quality = 99;
-        r.u32Intp = 0x80000000u;
-        r.u32FcFs = 7;
-        r.u8Qam = 64;
-        r.u16SymbolRateHal = 6900;
-    });
-    fake->setResult("getDemodDVBCInfo", 1);
     jobject c = th::callL(player, "getDemodDVBCInfo", kDvbcSig);
     ASSERT_NE(c, nullptr);
-    EXPECT_EQ(th::getS(c, "u16Version"), 3);
-    EXPECT_EQ(th::getS(c, "u16SymbolRate"), -25536);
-    EXPECT_EQ(th::getB(c, "eQamMode"), static_cast<jbyte>(0x81));
-    EXPECT_EQ(th::getI(c, "u32IFFreq"), -1);
-    EXPECT_EQ(th::getZ(c, "bSpecInv"), JNI_TRUE);
-    EXPECT_EQ(th::getZ(c, "bSerialTS"), JNI_FALSE);
-    EXPECT_EQ(th::getB(c, "u8SarValue"), -2);
-    EXPECT_EQ(th::getI(c, "u32ChkScanTimeStart"), 123456);
-    EXPECT_EQ(th::getB(c, "eLockStatus"), 2);
-    EXPECT_EQ(th::getS(c, "u16Strength"), -32768);
-    EXPECT_EQ(th::getS(c, "u16Quality"), 99);
-    EXPECT_EQ(th::getI(c, "u32Intp"), static_cast<jint>(0x80000000u));
-    EXPECT_EQ(th::getI(c, "u32FcFs"), 7);
-    EXPECT_EQ(th::getB(c, "u8Qam"), 64);
-    EXPECT_EQ(th::getS(c, "u16SymbolRateHal"), 6900);
+    const std::string dvbc =
+        "u16Version:S=3 u16SymbolRate:S=-25536 eQamMode:B=-127 u32IFFreq:I=-1 bSpecInv:Z=1 "
+        "bSerialTS:Z=0 u8SarValue:B=-2 u32ChkScanTimeStart:I=123456 eLockStatus:B=2 "
+        "u16Strength:S=-32768 u16Quality:S=99 u32Intp:I=-2147483648 u32FcFs:I=7 u8Qam:B=64 "
+        "u16SymbolRateHal:S=6900";
+    EXPECT_EQ(readFields(c, dvbc), dvbc);
     th::env()->DeleteLocalRef(c);
 
-    th::clearLogs();
-    fake->setResult("getDemodDVBCInfo", 0);
-    EXPECT_EQ(th::callL(player, "getDemodDVBCInfo", kDvbcSig), nullptr);
-    ASSERT_EQ(th::logs().size(), 1u) << th::dumpLogs();
-    EXPECT_TRUE(th::hasLog(D, "getDemodDVBCInfo"));
+    // Bit 0 clear: refused, null, and nothing beyond the trace line.
+    for (const auto& [method, sig] :
+         {std::pair{"getDemodDVBTInfo", kDvbtSig}, std::pair{"getDemodDVBCInfo", kDvbcSig}}) {
+        th::clearLogs();
+        fake->setResult(method, 2);
+        EXPECT_EQ(th::callL(player, method, sig), nullptr);
+        EXPECT_EQ(th::logs().size(), 1u) << th::dumpLogs();
+        EXPECT_TRUE(th::hasLog(D, method));
+    }
 }
 
 // ---- ATSC alert ----
@@ -336,96 +222,61 @@ TEST_F(ValuesMuxDemodEas, DvbcStateKeepsBitsOrIsNullSilently) {
 TEST_F(ValuesMuxDemodEas, AlertArraysAreWholeWithTheRecordsMixedSignedness) {
     fake->onCall("getEASInProgress", [](const host::OutArgs& o) {
         auto& r = o.at<MwAtscEasInfoRec>(0);
-        std::memset(&r, 0, sizeof r);
+        std::memset(&r, 0, sizeof r);  // no location or exception counted: whole arrays anyway
         r.u8VerNum = static_cast<int8_t>(0xFF);
         r.u16EAS_EventID = static_cast<int16_t>(0x8000);
-        r.au8EAS_OriginatorCode[0] = 'W';
-        r.au8EAS_OriginatorCode[1] = 'X';
-        r.au8EAS_OriginatorCode[2] = static_cast<int8_t>(0xC8);
-        r.u8AlertTimeRemain = 100;
+        std::memcpy(r.au8EAS_OriginatorCode, "WX\xC8", 3);
         r.u32EventStartTime = 0xFFFFFFF0u;
-        r.u16EventDuration = -30;
-        r.u8AlertPriority = static_cast<int8_t>(0xC8);
         r.u16DetailsMajorNum = 0xFFFF;
         r.u16DetailsMinorNum = 0x8000;
-        r.u8LocationCodeCount = 0;  // the arrays are whole all the same
-        r.u8ExceptionCount = 0;
-        r.astException[0] = {2, 0x8000, 0xFFFF, static_cast<int16_t>(0x8000)};
-        r.astException[30] = {1, 7, 8, 9};
-        r.astLocationCode[0] = {static_cast<int8_t>(0x80), static_cast<int8_t>(0xFF),
-                                static_cast<int16_t>(0xFFFF)};
+        r.astException[0] = {2, 0x8000, 0xFFFF, INT16_MIN};
+        r.astLocationCode[0] = {INT8_MIN, -1, -1};
         r.astLocationCode[30] = {12, 3, 4567};
         std::memcpy(r.au8EAS_EventCode, "RWT", 3);
         r.au8NatActText[127] = static_cast<int8_t>(0xFF);
-        r.au8AlertText[0] = 0x41;
-        r.au8AlertText[1] = static_cast<int8_t>(0xFF);
+        std::memcpy(r.au8AlertText, "A\xFF", 2);
         r.au8AlertText[511] = 0x7F;
     });
     jobject a = th::callL(player, "getEASInProgress", kEasSig);
     ASSERT_NE(a, nullptr);
     JNIEnv* e = th::env();
-
-    EXPECT_EQ(th::getI(a, "u8VerNum"), -1);
-    EXPECT_EQ(th::getI(a, "u16EAS_EventID"), -32768);
+    const std::string top =
+        "u8VerNum:I=-1 u16EAS_EventID:I=-32768 u32EventStartTime:I=-16 "
+        "u16DetailsMajorNum:I=65535 u16DetailsMinorNum:I=32768";
+    EXPECT_EQ(readFields(a, top), top);
     EXPECT_EQ(th::numbers<jint>(a, "au8EAS_OriginatorCode", "[I"), "87,88,-56");
-    EXPECT_EQ(th::getI(a, "u8AlertTimeRemain"), 100);
-    EXPECT_EQ(th::getI(a, "u32EventStartTime"), -16);
-    EXPECT_EQ(th::getI(a, "u16EventDuration"), -30);
-    EXPECT_EQ(th::getI(a, "u8AlertPriority"), -56);
-    EXPECT_EQ(th::getI(a, "u16DetailsMajorNum"), 65535);
-    EXPECT_EQ(th::getI(a, "u16DetailsMinorNum"), 32768);
-    EXPECT_EQ(th::getI(a, "u8LocationCodeCount"), 0);
-    EXPECT_EQ(th::getI(a, "u8ExceptionCount"), 0);
 
-    auto exc = static_cast<jobjectArray>(
-        th::getL(a, "astException", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasException;"));
-    ASSERT_EQ(e->GetArrayLength(exc), 31);
-    jobject x = e->GetObjectArrayElement(exc, 0);
-    EXPECT_EQ(th::getI(x, "u16ExcMajorNum"), 32768) << "unsigned: zero-extended";
-    EXPECT_EQ(th::getI(x, "u16ExcMinorNum"), 65535);
-    EXPECT_EQ(th::getI(x, "u16ExcOOB_SrcID"), -32768) << "signed: sign-extended";
-    EXPECT_EQ(
-        th::getZ(x, "bInBandRef"),
-        th::rawBooleanStore("com/vireo/android/tvapi/dtv/vo/VapiPsipEasException", "bInBandRef", 2))
-        << "the flag byte 2 is stored as it is";
-    EXPECT_NE(th::getZ(x, "bInBandRef"), JNI_TRUE);
-    e->DeleteLocalRef(x);
-    x = e->GetObjectArrayElement(exc, 30);
-    EXPECT_EQ(th::getZ(x, "bInBandRef"), JNI_TRUE);
-    EXPECT_EQ(th::getI(x, "u16ExcMajorNum") * 100 + th::getI(x, "u16ExcMinorNum") * 10 +
-                  th::getI(x, "u16ExcOOB_SrcID"),
-              789);
-    e->DeleteLocalRef(x);
-    e->DeleteLocalRef(exc);
+    // Entries of the 31-entry arrays: 0x8000 is 32768 in the unsigned major number and -32768
+    // in the signed source id next to it; the flag byte 2 is stored as it is.
+    const std::string vo = "com/vireo/android/tvapi/dtv/vo/";
+    auto expectEntry = [&](const char* field, const char* cls, jsize i, const std::string& want) {
+        auto arr = static_cast<jobjectArray>(th::getL(a, field, ("[L" + vo + cls + ";").c_str()));
+        EXPECT_EQ(e->GetArrayLength(arr), 31) << field;
+        jobject x = e->GetObjectArrayElement(arr, i);
+        EXPECT_EQ(readFields(x, want), want) << field << "[" << i << "]";
+        e->DeleteLocalRef(x);
+        e->DeleteLocalRef(arr);
+    };
+    const std::string flag2 =
+        std::to_string(th::rawBooleanStore((vo + "VapiPsipEasException").c_str(), "bInBandRef", 2));
+    expectEntry("astException", "VapiPsipEasException", 0,
+                "bInBandRef:Z=" + flag2 +
+                    " u16ExcMajorNum:I=32768 u16ExcMinorNum:I=65535 u16ExcOOB_SrcID:I=-32768");
+    expectEntry("astLocationCode", "VapiPsipEasLocationCode", 0,
+                "u8StateCode:I=-128 u8CountySubdivision:I=-1 u16CountyCode:I=-1");
+    expectEntry("astLocationCode", "VapiPsipEasLocationCode", 30,
+                "u8StateCode:I=12 u8CountySubdivision:I=3 u16CountyCode:I=4567");
 
-    auto loc = static_cast<jobjectArray>(th::getL(
-        a, "astLocationCode", "[Lcom/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode;"));
-    ASSERT_EQ(e->GetArrayLength(loc), 31);
-    x = e->GetObjectArrayElement(loc, 0);
-    EXPECT_EQ(th::getI(x, "u8StateCode"), -128);
-    EXPECT_EQ(th::getI(x, "u8CountySubdivision"), -1);
-    EXPECT_EQ(th::getI(x, "u16CountyCode"), -1);
-    e->DeleteLocalRef(x);
-    x = e->GetObjectArrayElement(loc, 30);
-    EXPECT_EQ(th::getI(x, "u8StateCode"), 12);
-    EXPECT_EQ(th::getI(x, "u8CountySubdivision"), 3);
-    EXPECT_EQ(th::getI(x, "u16CountyCode"), 4567);
-    e->DeleteLocalRef(x);
-    e->DeleteLocalRef(loc);
-
+    // Text bytes as signed shorts, every array at its full length past the zeros.
+    auto zeros = [](int n) {  // "0," n times
+        std::string s;
+        for (int i = 0; i < n; ++i) s += "0,";
+        return s;
+    };
     EXPECT_EQ(th::numbers<jshort>(a, "au8EAS_EventCode", "[S"), "82,87,84,0,0");
-    std::string nat = th::numbers<jshort>(a, "au8NatActText", "[S");
-    EXPECT_EQ(std::count(nat.begin(), nat.end(), ',') + 1, 128);
-    EXPECT_EQ(nat.substr(nat.size() - 3), ",-1");
-    std::string alert = th::numbers<jshort>(a, "au8AlertText", "[S");
-    EXPECT_EQ(std::count(alert.begin(), alert.end(), ',') + 1, 512)
-        << "the full length, past the zero";
-    EXPECT_EQ(alert.substr(0, 6), "65,-1,");
-    EXPECT_EQ(alert.substr(alert.size() - 4), ",127");
+    EXPECT_EQ(th::numbers<jshort>(a, "au8NatActText", "[S"), zeros(127) + "-1");
+    EXPECT_EQ(th::numbers<jshort>(a, "au8AlertText", "[S"), "65,-1," + zeros(509) + "127");
     e->DeleteLocalRef(a);
-
-    EXPECT_TRUE(th::hasLog(D, "getEASInProgress"));
-    EXPECT_TRUE(th::hasLog(D, "RETURN  jobject_EasInfo"));
 }
 
 }  // namespace
