@@ -38,23 +38,6 @@ std::string fatal(const char* handler, int line, const char* cls) {
                          cls);
 }
 
-// Reads the fields `want` lists as "name:T=value" (T the managed type: I, S, B or Z) and
-// gives the list back with the values found, so one comparison shows every field.
-std::string readFields(jobject o, const std::string& want) {
-    std::istringstream in(want);
-    std::string item, out;
-    while (in >> item) {
-        const std::string name = item.substr(0, item.find(':'));
-        const char t = item.at(name.size() + 1), *n = name.c_str();
-        jint v = t == 'S'   ? th::getS(o, n)
-                 : t == 'B' ? th::getB(o, n)
-                 : t == 'Z' ? th::getZ(o, n)
-                            : th::getI(o, n);
-        out += (out.empty() ? "" : " ") + name + ':' + t + '=' + std::to_string(v);
-    }
-    return out;
-}
-
 using ValuesMuxDemodEas = th::PlayerTest;
 
 TEST_F(ValuesMuxDemodEas, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) {
@@ -113,7 +96,7 @@ TEST_F(ValuesMuxDemodEas, BothMultiplexQueriesZeroExtendAndPassTheirArguments) {
             "frequency:I=474000 lossSignalFrequency:I=-1 lossSignalStartTime:I=111 "
             "symbRate:I=6875 modulationMode:S=255 plpID:I=43981 lpCoding:Z=1 satID:S=144 "
             "bandwidth:S=8 polarityPilotsReserved:I=240";
-        EXPECT_EQ(readFields(m, want), want);
+        EXPECT_EQ(th::fields(m, want), want);
         th::env()->DeleteLocalRef(m);
     }
     auto args = fake->callsOf("getMuxInfoByProgramNumber").at(0).args;
@@ -127,7 +110,7 @@ TEST_F(ValuesMuxDemodEas, RfInfoCarriesItsArgumentsAndName) {
     });
     jobject rf = th::callL(player, "native_getRfInfo", kRfSig, 2, -7);
     ASSERT_NE(rf, nullptr);
-    EXPECT_EQ(readFields(rf, "rfPhyNum:S=-16 frequency:I=177500 isVHF:Z=1"),
+    EXPECT_EQ(th::fields(rf, "rfPhyNum:S=-16 frequency:I=177500 isVHF:Z=1"),
               "rfPhyNum:S=-16 frequency:I=177500 isVHF:Z=1");
     EXPECT_EQ(th::getStr(rf, "rfName"), "CH 5A");
     th::env()->DeleteLocalRef(rf);
@@ -191,7 +174,7 @@ TEST_F(ValuesMuxDemodEas, DemodStateCarriesItsBitsOrIsNullSilentlyWhenRefused) {
         "u16Version:S=-32767 u16DemodState:B=-128 u16ChannelLength:S=-1 u8Fft:B=-16 "
         "u8Constel:B=-15 u8Gi:B=-14 u8HpCr:B=-13 u8LpCr:B=-12 u8Hiearchy:B=-11 u8Fd:B=-10 "
         "u8ChLen:B=-9 u8SnrSel:B=-8 u8PertoneNum:B=-7 u8DigAci:B=-6 u8FlagCi:B=-5 u8TdCoef:B=-4";
-    EXPECT_EQ(readFields(t, dvbt), dvbt);
+    EXPECT_EQ(th::fields(t, dvbt), dvbt);
     EXPECT_FLOAT_EQ(th::getF(t, "SfoValue"), 1.5f);
     EXPECT_FLOAT_EQ(th::getF(t, "TotalCfo"), -0.25f);
     th::env()->DeleteLocalRef(t);
@@ -203,7 +186,7 @@ TEST_F(ValuesMuxDemodEas, DemodStateCarriesItsBitsOrIsNullSilentlyWhenRefused) {
         "bSerialTS:Z=0 u8SarValue:B=-2 u32ChkScanTimeStart:I=123456 eLockStatus:B=2 "
         "u16Strength:S=-32768 u16Quality:S=99 u32Intp:I=-2147483648 u32FcFs:I=7 u8Qam:B=64 "
         "u16SymbolRateHal:S=6900";
-    EXPECT_EQ(readFields(c, dvbc), dvbc);
+    EXPECT_EQ(th::fields(c, dvbc), dvbc);
     th::env()->DeleteLocalRef(c);
 
     // Bit 0 clear: refused, null, and nothing beyond the trace line.
@@ -243,7 +226,7 @@ TEST_F(ValuesMuxDemodEas, AlertArraysAreWholeWithTheRecordsMixedSignedness) {
     const std::string top =
         "u8VerNum:I=-1 u16EAS_EventID:I=-32768 u32EventStartTime:I=-16 "
         "u16DetailsMajorNum:I=65535 u16DetailsMinorNum:I=32768";
-    EXPECT_EQ(readFields(a, top), top);
+    EXPECT_EQ(th::fields(a, top), top);
     EXPECT_EQ(th::numbers<jint>(a, "au8EAS_OriginatorCode", "[I"), "87,88,-56");
 
     // Entries of the 31-entry arrays: 0x8000 is 32768 in the unsigned major number and -32768
@@ -253,7 +236,7 @@ TEST_F(ValuesMuxDemodEas, AlertArraysAreWholeWithTheRecordsMixedSignedness) {
         auto arr = static_cast<jobjectArray>(th::getL(a, field, ("[L" + vo + cls + ";").c_str()));
         EXPECT_EQ(e->GetArrayLength(arr), 31) << field;
         jobject x = e->GetObjectArrayElement(arr, i);
-        EXPECT_EQ(readFields(x, want), want) << field << "[" << i << "]";
+        EXPECT_EQ(th::fields(x, want), want) << field << "[" << i << "]";
         e->DeleteLocalRef(x);
         e->DeleteLocalRef(arr);
     };

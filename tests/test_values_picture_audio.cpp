@@ -51,20 +51,6 @@ TEST_F(ValuesPictureAudio, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) 
     EXPECT_TRUE(fake->calls().empty());
 }
 
-// Reads the fields `want` lists as "name:T=value" (T the managed type: I, S or Z) and gives
-// the list back with the values found, so one comparison shows every field.
-std::string readFields(jobject o, const std::string& want) {
-    std::istringstream in(want);
-    std::string item, out;
-    while (in >> item) {
-        const std::string name = item.substr(0, item.find(':'));
-        const char t = item.at(name.size() + 1), *n = name.c_str();
-        jint v = t == 'S' ? th::getS(o, n) : t == 'Z' ? th::getZ(o, n) : th::getI(o, n);
-        out += (out.empty() ? "" : " ") + name + ':' + t + '=' + std::to_string(v);
-    }
-    return out;
-}
-
 TEST_F(ValuesPictureAudio, PictureRecordsKeepTheirSignsAndOrder) {
     // Each record in its field order; every field a value of its own.
     fake->onCall("getAspectRatio", [](const host::OutArgs& o) {
@@ -86,7 +72,7 @@ TEST_F(ValuesPictureAudio, PictureRecordsKeepTheirSignsAndOrder) {
         std::to_string(th::rawBooleanStore(arcCls.c_str(), "bSetCusWin", 2));
     jobject arc = get("native_getAspectRatio", "common/vo/VideoArcInfo");
     ASSERT_NE(arc, nullptr);
-    EXPECT_EQ(readFields(arc, arcWant), arcWant);
+    EXPECT_EQ(th::fields(arc, arcWant), arcWant);
     EXPECT_NE(th::getZ(arc, "bSetCusWin"), JNI_TRUE);
     // No constructor ran: the managed-only field the constructor sets is still null.
     EXPECT_EQ(th::getL(arc, "description", "Ljava/lang/String;"), nullptr);
@@ -96,14 +82,14 @@ TEST_F(ValuesPictureAudio, PictureRecordsKeepTheirSignsAndOrder) {
         "arcDescriptionType:I=3 arcType:I=4 afdAspectRatio:I=-9";
     jobject v = get("getVideoInfo", "common/vo/VideoInfo");
     ASSERT_NE(v, nullptr);
-    EXPECT_EQ(readFields(v, videoWant), videoWant);
+    EXPECT_EQ(th::fields(v, videoWant), videoWant);
 
     const std::string signalWant =
         "rfNumber:S=-1 modulationMode:I=64 amMode:S=-32767 quality:I=90 strength:I=-70 "
         "symbolRate:I=6900";
     jobject s = get("getCurrentSignalInformation", "common/vo/DtvProgramSignalInfo");
     ASSERT_NE(s, nullptr);
-    EXPECT_EQ(readFields(s, signalWant), signalWant);
+    EXPECT_EQ(th::fields(s, signalWant), signalWant);
     bool isNull = true;
     EXPECT_EQ(th::getStr(s, "networkName", &isNull), "");
     EXPECT_FALSE(isNull) << "an empty name is an empty string";
@@ -130,7 +116,7 @@ void fillTrack(AudioInfoRec& t, int i) {
 // The whole DtvAudioInfo as text, so that two results compare in one line.
 std::string describeAudio(jobject a) {
     JNIEnv* e = th::env();
-    std::string s = readFields(a, "audioLangNum:S currentAudioIndex:S currentChannelMode:S");
+    std::string s = th::fields(a, "audioLangNum:S currentAudioIndex:S currentChannelMode:S");
     auto arr = static_cast<jobjectArray>(
         th::getL(a, "audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"));
     if (arr == nullptr) return s + " audioInfos=null";
@@ -141,8 +127,8 @@ std::string describeAudio(jobject a) {
         const char* trackFields =
             "audioPid:I audioType:S aacType:S aacProfileAndLevel:S "
             "broadcastMixAd:Z";
-        s += " [" + readFields(t, trackFields) + " lang " +
-             readFields(lang, "audioMode:S audioType:S isValid:Z") + " " +
+        s += " [" + th::fields(t, trackFields) + " lang " +
+             th::fields(lang, "audioMode:S audioType:S isValid:Z") + " " +
              th::numbers<jchar>(lang, "isoLangInfo", "[C") + "]";
         e->DeleteLocalRef(lang);
         e->DeleteLocalRef(t);

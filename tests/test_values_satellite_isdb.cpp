@@ -35,31 +35,6 @@ const char* kSetEwbsOpSig = "(II)I";
 const char* kEwbsOpSig = "(I)Lcom/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo;";
 const char* kLocationSig = "(I)Lcom/vireo/android/tvapi/dtv/dvb/dvbs/vo/LocationInfo;";
 
-// The fields `list` names as "name:T=value" (T the managed type: I, S, B or Z), one by one:
-// `write` stores the value given, otherwise the value found replaces it in the text returned.
-std::string fields(jobject o, const std::string& list, bool write = false) {
-    std::istringstream in(list);
-    std::string item, out;
-    while (in >> item) {
-        const std::string name = item.substr(0, item.find(':'));
-        const char t = item.at(name.size() + 1), *n = name.c_str();
-        if (write) {
-            const jint v = std::stoi(item.substr(item.find('=') + 1));
-            t == 'S'   ? th::setS(o, n, static_cast<jshort>(v))
-            : t == 'B' ? th::setB(o, n, static_cast<jbyte>(v))
-            : t == 'Z' ? th::setZ(o, n, static_cast<jboolean>(v))
-                       : th::setI(o, n, v);
-            continue;
-        }
-        jint got = t == 'S'   ? th::getS(o, n)
-                   : t == 'B' ? th::getB(o, n)
-                   : t == 'Z' ? th::getZ(o, n)
-                              : th::getI(o, n);
-        out += (out.empty() ? "" : " ") + name + ':' + t + '=' + std::to_string(got);
-    }
-    return out;
-}
-
 // Every numeric field of the records, in record order, to compare in one go.
 auto numbers(const SatelliteInfoRec& r) {
     return std::make_tuple(r.lowLOF, r.hiLOF, r.lnbType, r.lnbFreq, r.diseqcLevel, r.toneburstType,
@@ -80,12 +55,12 @@ TEST_F(ValuesSatelliteIsdb, SatelliteFieldsCrossBothWaysEachToItsOwnPlace) {
     // is 4464, diseqcLevel 300 is 44, numberOfTp 0x1FFFF is 0xFFFF and lnbIdx -1 is 0xFF.
     jobject sat = th::newObject(kSat);
     th::setStr(sat, "satName", "Astra 19.2E");
-    fields(sat,
-           "lowLOF:I=70000 hiLOF:I=10600 lnbFreq:I=7 lnbType:I=3 diseqcLevel:S=300 "
-           "toneburstType:S=4 swt10Port:S=5 swt11Port:S=6 e22KOnOff:S=8 lnbPwrOnOff:S=9 "
-           "ov12VOnOff:S=10 position:S=250 angle:I=192 numberOfTp:I=131071 satelliteId:S=12 "
-           "channelId:S=13 frequency:I=11778 mdu:Z=1 pin:S=14 lnbIdx:S=-1",
-           true);
+    th::fields(sat,
+               "lowLOF:I=70000 hiLOF:I=10600 lnbFreq:I=7 lnbType:I=3 diseqcLevel:S=300 "
+               "toneburstType:S=4 swt10Port:S=5 swt11Port:S=6 e22KOnOff:S=8 lnbPwrOnOff:S=9 "
+               "ov12VOnOff:S=10 position:S=250 angle:I=192 numberOfTp:I=131071 satelliteId:S=12 "
+               "channelId:S=13 frequency:I=11778 mdu:Z=1 pin:S=14 lnbIdx:S=-1",
+               true);
     const android::String8 name("Astra 19.2E");
     SatelliteInfoRec want{name, 4464, 10600, 3,      7,  44, 4,     5, 6,  8,   9,
                           10,   250,  192,   0xFFFF, 12, 13, 11778, 1, 14, 0xFF};
@@ -113,7 +88,7 @@ TEST_F(ValuesSatelliteIsdb, SatelliteFieldsCrossBothWaysEachToItsOwnPlace) {
         "position:S=250 angle:I=192 numberOfTp:I=65535 satelliteId:S=12 channelId:S=13 "
         "frequency:I=11778 pin:S=14 lnbIdx:S=255 mdu:Z=" +
         std::to_string(th::rawBooleanStore(kSat, "mdu", 2));
-    EXPECT_EQ(fields(sat, back), back);
+    EXPECT_EQ(th::fields(sat, back), back);
     EXPECT_NE(th::getZ(sat, "mdu"), JNI_TRUE);
     th::env()->DeleteLocalRef(sat);
 }
@@ -144,7 +119,7 @@ TEST_F(ValuesSatelliteIsdb, TransponderFieldsCrossBothWays) {
     ASSERT_NE(tp, nullptr);
     const std::string want =
         "frequency:I=-5 symbolRate:I=65535 polarity:B=-1 satelliteId:S=255 rf:S=129 tpId:I=65534";
-    EXPECT_EQ(fields(tp, want), want);
+    EXPECT_EQ(th::fields(tp, want), want);
     th::env()->DeleteLocalRef(tp);
     auto args = fake->callsOf("getTransponderInfo").at(0).args;
     EXPECT_EQ(args.at(0), 2);
@@ -152,10 +127,10 @@ TEST_F(ValuesSatelliteIsdb, TransponderFieldsCrossBothWays) {
 
     // In, through add and update alike: each value cut to its record width.
     tp = th::newObject(kTp);
-    fields(tp,
-           "frequency:I=12603000 symbolRate:I=74565 polarity:B=-1 satelliteId:S=200 rf:S=7 "
-           "tpId:I=65535",
-           true);
+    th::fields(tp,
+               "frequency:I=12603000 symbolRate:I=74565 polarity:B=-1 satelliteId:S=200 rf:S=7 "
+               "tpId:I=65535",
+               true);
     std::vector<DvbsTransponderInfoRec> seen;
     auto keep = [&](const host::OutArgs& o) { seen.push_back(o.at<DvbsTransponderInfoRec>(0)); };
     fake->onCall("addTransponderInfo", keep);
@@ -191,7 +166,7 @@ TEST_F(ValuesSatelliteIsdb, EwbsCodeListHoldsAtMostAHundredButDataLenTellsAll) {
         ASSERT_NE(info, nullptr);
         const std::string want =
             "reqAreaCode:I=42 returnCode:I=-3 titleType:I=7 dataLen:I=" + std::to_string(n);
-        EXPECT_EQ(fields(info, want), want);
+        EXPECT_EQ(th::fields(info, want), want);
         std::vector<jint> codes(100, 0);
         for (int i = 0; i < listed; ++i) codes[i] = 1000 + i;
         EXPECT_EQ(th::getInts(info, "codeList"), codes) << "always 100 entries";
@@ -211,7 +186,7 @@ TEST_F(ValuesSatelliteIsdb, EwbsOperationsAndUserLocationsPassTheirValuesThrough
     fake->onCall("getEWBSOpInfo", [](const host::OutArgs& o) { o.at<int32_t>(0) = -77; });
     jobject op = th::callL(player, "getEWBSOpInfo", kEwbsOpSig, 11);
     ASSERT_NE(op, nullptr);
-    EXPECT_EQ(fields(op, "reqOp:I= returnCode:I= value:I="),
+    EXPECT_EQ(th::fields(op, "reqOp:I= returnCode:I= value:I="),
               "reqOp:I=11 returnCode:I=5 value:I=-77");
     th::env()->DeleteLocalRef(op);
 
@@ -221,7 +196,7 @@ TEST_F(ValuesSatelliteIsdb, EwbsOperationsAndUserLocationsPassTheirValuesThrough
     jobject loc = th::callL(player, "getUserLocationInfo", kLocationSig, 2);
     ASSERT_NE(loc, nullptr);
     EXPECT_EQ(th::getStr(loc, "locationName"), "S\xC3\xA3o Paulo");
-    EXPECT_EQ(fields(loc, "longitude:I= latitude:I="), "longitude:I=-1395 latitude:I=-235");
+    EXPECT_EQ(th::fields(loc, "longitude:I= latitude:I="), "longitude:I=-1395 latitude:I=-235");
     th::env()->DeleteLocalRef(loc);
     EXPECT_EQ(fake->callsOf("getUserLocationInfo").at(0).args.at(0), 2);
 }

@@ -1,5 +1,7 @@
 #include "harness/fields.h"
 
+#include <sstream>
+#include <string>
 #include <type_traits>
 
 #include "harness/jvm_harness.h"
@@ -108,5 +110,28 @@ jobject newObject(const char* cls) {
 }
 
 bool isA(jobject o, const char* cls) { return env()->IsInstanceOf(o, findClass(cls)); }
+
+std::string fields(jobject o, const std::string& list, bool write) {
+    std::istringstream in(list);
+    std::string item, out;
+    while (in >> item) {
+        const std::string name = item.substr(0, item.find(':'));
+        const char t = item.at(name.size() + 1), *n = name.c_str();
+        if (write) {
+            const jint v = std::stoi(item.substr(item.find('=') + 1));
+            t == 'S'   ? setS(o, n, static_cast<jshort>(v))
+            : t == 'B' ? setB(o, n, static_cast<jbyte>(v))
+            : t == 'Z' ? setZ(o, n, static_cast<jboolean>(v))
+                       : setI(o, n, v);
+            continue;
+        }
+        jint got = t == 'S'   ? getS(o, n)
+                   : t == 'B' ? getB(o, n)
+                   : t == 'Z' ? getZ(o, n)
+                              : getI(o, n);
+        out += (out.empty() ? "" : " ") + name + ':' + t + '=' + std::to_string(got);
+    }
+    return out;
+}
 
 }  // namespace th

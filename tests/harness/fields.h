@@ -32,6 +32,11 @@ void setZ(jobject o, const char* name, jboolean v);
 // A null text stores a null String.
 void setStr(jobject o, const char* name, const char* text);
 
+// The fields `list` names as "name:T=value" (T the managed type: I, S, B or Z), one by one:
+// `write` stores each value given; otherwise the list comes back with the values found, so
+// one comparison shows every field.
+std::string fields(jobject o, const std::string& list, bool write = false);
+
 // What a plain SetBooleanField of `byte` leaves in the boolean field `name` of a new
 // object of class `cls` on this VM.
 jboolean rawBooleanStore(const char* cls, const char* name, jbyte byte);
