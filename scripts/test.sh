@@ -1,12 +1,13 @@
 #!/usr/bin/env bash
 # The whole test suite: installs what is missing, builds, and runs
+#   0. every library source compiled against the device's own headers (Android 8.0, gnu++14),
 #   1. the AddressSanitizer/UndefinedBehaviorSanitizer build of every test inside the VM,
 #   2. the ThreadSanitizer run of the call frame, player replacement and listener,
 #   3. the fuzzers, a bounded time each (FUZZ_SECONDS, default 60),
 #   4. the AArch64 cross build with its layout, slot and key report under qemu,
 #   5. the plain build's test suite (GoogleTest suites in the VM, the demonstration program
 #      end to end, the short stress run, the export and layout checks).
-# PIJ_QUICK=1 runs only step 5.
+# PIJ_QUICK=1 runs only steps 0 and 5.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh || exit 1
@@ -21,6 +22,7 @@ stage() {
   if "$@"; then echo "== $name: passed"; else echo "== $name: FAILED"; failed+=("$name"); fi
 }
 
+stage "device headers" scripts/device-headers.sh
 if [ "${PIJ_QUICK:-0}" != 1 ]; then
   stage "sanitizers" scripts/sanitize.sh
   stage "thread sanitizer" tests/tsan/run.sh 10

@@ -129,6 +129,29 @@ TEST_F(Payloads, DigitalProgressGoesThroughTheServiceRecordWidths) {
     EXPECT_FALSE(isNull) << "an empty name, not a missing one";
 }
 
+TEST_F(Payloads, AnEmptyScanNameIsItsLengthAloneOnTheWire) {
+    // As the device's Parcel has it: an empty String8 is the length 0 and nothing else, so
+    // the value after it starts at the next word.
+    android::Parcel p;
+    p.writeString8(android::String8(""));
+    EXPECT_EQ(p.dataSize(), 4u);
+    p.writeInt32(77);
+    p.setDataPosition(0);
+    EXPECT_EQ(std::string(p.readString8().c_str()), "");
+    EXPECT_EQ(p.readInt32(), 77);
+
+    android::Parcel scan;
+    fill(scan, {1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 1}, "", {55});
+    EXPECT_EQ(scan.dataSize(), 13 * 4u);
+    fire(kDtvAuto, scan);
+    jobject o = posted("TVPLAYER_DTV_AUTO_TUNING_SCAN_INFO", 55);
+    ASSERT_NE(o, nullptr);
+    bool isNull = true;
+    EXPECT_EQ(th::getStr(o, "rfSignalName", &isNull), "");
+    EXPECT_FALSE(isNull);
+    EXPECT_EQ(dtvFields(o), (std::vector<jint>{1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 1}));
+}
+
 TEST_F(Payloads, HbbtvEventsGetANewObjectEach) {
     android::Parcel p;
     fill(p, {5, 10, 11, 12, 13, 14, 15, 16, 17, 18, -19, 1234, 9, 1});  // then a short one

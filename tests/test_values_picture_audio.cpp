@@ -202,14 +202,18 @@ TEST_F(AudioValues, TrackCountsOutsideTheRecord) {
               "audioLangNum:S=0 currentAudioIndex:S=5 currentChannelMode:S=6 len=0")
         << "an empty array, not null";
 
-    // A negative count: the VM refuses an array of that length, and its exception reaches the
-    // managed caller. The handler makes no further VM call (-Xcheck:jni would warn, failing
+    // A negative count: the managed caller gets a NegativeArraySizeException, the player is
+    // asked once, and the handler makes no further VM call (-Xcheck:jni would warn, failing
     // TearDown) and writes nothing past its trace line.
-    rec.audioLangNum = -1;
-    serve(rec);
-    th::clearLogs();
-    EXPECT_EQ(query("getAudioInfo_ex"), "NegativeArraySizeException");
-    EXPECT_EQ(th::logs().size(), 1u) << th::dumpLogs();
+    for (int16_t negative : {int16_t{-1}, int16_t{-32768}}) {
+        rec.audioLangNum = negative;
+        serve(rec);
+        fake->clearCalls();
+        th::clearLogs();
+        EXPECT_EQ(query("getAudioInfo_ex"), "NegativeArraySizeException") << negative;
+        EXPECT_EQ(th::logs().size(), 1u) << th::dumpLogs();
+        EXPECT_EQ(fake->callsOf("getAudioInfo_ex").size(), 1u);
+    }
 
     // More than the record's 16 entries: 16 are read, with an ERROR line. Called straight into
     // the handlers, three times in one small local frame: each call may leave its result and

@@ -1,6 +1,7 @@
 // The members of android::Parcel this project uses, against the platform's own header, in
 // the platform's wire format: little-endian int32 values on 4-byte boundaries; a String8
-// as its byte length, its bytes and a NUL, padded to 4. Reads past the end give 0 and an
+// as its byte length, its bytes and a NUL, padded to 4, except that an empty String8 is its
+// length 0 alone (Android 8.0 writes and reads it so). Reads past the end give 0 and an
 // empty string, as on the device.
 #include <memory>
 #include <limits>
@@ -120,7 +121,7 @@ status_t Parcel::writeInt64(int64_t val) { return write(&val, sizeof(val)); }
 
 status_t Parcel::writeString8(const String8& str) {
     status_t err = writeInt32(static_cast<int32_t>(str.bytes()));
-    if (err != NO_ERROR) return err;
+    if (err != NO_ERROR || str.bytes() == 0) return err;
     return write(str.c_str(), str.bytes() + 1);
 }
 
@@ -167,6 +168,10 @@ status_t Parcel::readString8(String8* pArg) const {
     if (readInt32(&size) != NO_ERROR || size < 0) {
         *pArg = String8();
         return size < 0 ? UNEXPECTED_NULL : NOT_ENOUGH_DATA;
+    }
+    if (size == 0) {  // the length alone: no bytes, no NUL, no padding
+        *pArg = String8();
+        return NO_ERROR;
     }
     const char* str = static_cast<const char*>(readInplace(static_cast<size_t>(size) + 1));
     if (str == nullptr) {

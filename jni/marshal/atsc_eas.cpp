@@ -9,10 +9,9 @@
 
 namespace {
 
-using pij::ManagedClass;
-using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
+using pij::ManagedClass;
 
 // Source lines the failure reports carry, in the order of the methods in this file.
 constexpr int kLineTsUpdateInfo = 3668;
@@ -61,10 +60,10 @@ PIJ_REGISTER_VALUE_CLASS(kEasInfo);
 
 enum ExceptionField : uint8_t { kExcMajor, kExcMinor, kExcOobSrc, kExcInBand };
 const ManagedClass kEasException{"com/vireo/android/tvapi/dtv/vo/VapiPsipEasException",
-                              {{"u16ExcMajorNum", "I"},
-                               {"u16ExcMinorNum", "I"},
-                               {"u16ExcOOB_SrcID", "I"},
-                               {"bInBandRef", "Z"}}};
+                                 {{"u16ExcMajorNum", "I"},
+                                  {"u16ExcMinorNum", "I"},
+                                  {"u16ExcOOB_SrcID", "I"},
+                                  {"bInBandRef", "Z"}}};
 PIJ_REGISTER_VALUE_CLASS(kEasException);
 
 enum LocationField : uint8_t { kState, kSubdivision, kCounty };
@@ -75,32 +74,32 @@ PIJ_REGISTER_VALUE_CLASS(kEasLocation);
 
 // Widening follows each member's declared signedness (see atsc_eas.h).
 const FieldCopy<VapiPsipEasExceptionRec> kExceptionRows[] = {
-    copy<Jt::Z, &VapiPsipEasExceptionRec::bInBandRef>(kExcInBand),
-    copy<Jt::I, &VapiPsipEasExceptionRec::u16ExcMajorNum>(kExcMajor),
-    copy<Jt::I, &VapiPsipEasExceptionRec::u16ExcMinorNum>(kExcMinor),
-    copy<Jt::I, &VapiPsipEasExceptionRec::u16ExcOOB_SrcID>(kExcOobSrc),
+    PIJ_COPY(Jt::Z, &VapiPsipEasExceptionRec::bInBandRef)(kExcInBand),
+    PIJ_COPY(Jt::I, &VapiPsipEasExceptionRec::u16ExcMajorNum)(kExcMajor),
+    PIJ_COPY(Jt::I, &VapiPsipEasExceptionRec::u16ExcMinorNum)(kExcMinor),
+    PIJ_COPY(Jt::I, &VapiPsipEasExceptionRec::u16ExcOOB_SrcID)(kExcOobSrc),
 };
 
 const FieldCopy<VapiPsipEasLocationCodeRec> kLocationRows[] = {
-    copy<Jt::I, &VapiPsipEasLocationCodeRec::u8StateCode>(kState),
-    copy<Jt::I, &VapiPsipEasLocationCodeRec::u8CountySubdivision>(kSubdivision),
-    copy<Jt::I, &VapiPsipEasLocationCodeRec::u16CountyCode>(kCounty),
+    PIJ_COPY(Jt::I, &VapiPsipEasLocationCodeRec::u8StateCode)(kState),
+    PIJ_COPY(Jt::I, &VapiPsipEasLocationCodeRec::u8CountySubdivision)(kSubdivision),
+    PIJ_COPY(Jt::I, &VapiPsipEasLocationCodeRec::u16CountyCode)(kCounty),
 };
 
 // The scalars set before the originator code, and those after it.
 const FieldCopy<MwAtscEasInfoRec> kLeadingRows[] = {
-    copy<Jt::I, &MwAtscEasInfoRec::u8VerNum>(kVerNum),
-    copy<Jt::I, &MwAtscEasInfoRec::u16EAS_EventID>(kEventId),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u8VerNum)(kVerNum),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u16EAS_EventID)(kEventId),
 };
 const FieldCopy<MwAtscEasInfoRec> kTrailingRows[] = {
-    copy<Jt::I, &MwAtscEasInfoRec::u8AlertTimeRemain>(kTimeRemain),
-    copy<Jt::I, &MwAtscEasInfoRec::u32EventStartTime>(kStartTime),
-    copy<Jt::I, &MwAtscEasInfoRec::u16EventDuration>(kDuration),
-    copy<Jt::I, &MwAtscEasInfoRec::u8AlertPriority>(kPriority),
-    copy<Jt::I, &MwAtscEasInfoRec::u16DetailsMajorNum>(kDetailsMajor),
-    copy<Jt::I, &MwAtscEasInfoRec::u16DetailsMinorNum>(kDetailsMinor),
-    copy<Jt::I, &MwAtscEasInfoRec::u8LocationCodeCount>(kLocationCount),
-    copy<Jt::I, &MwAtscEasInfoRec::u8ExceptionCount>(kExceptionCount),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u8AlertTimeRemain)(kTimeRemain),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u32EventStartTime)(kStartTime),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u16EventDuration)(kDuration),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u8AlertPriority)(kPriority),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u16DetailsMajorNum)(kDetailsMajor),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u16DetailsMinorNum)(kDetailsMinor),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u8LocationCodeCount)(kLocationCount),
+    PIJ_COPY(Jt::I, &MwAtscEasInfoRec::u8ExceptionCount)(kExceptionCount),
 };
 
 // The three texts, each handed over whole as signed byte values in a short array.

@@ -3,33 +3,34 @@
 // operation that fills the record.
 #include "marshal/audio.h"
 
+#include <cstdio>
+
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "marshal/marshal_util.h"
 
 namespace {
 
-using pij::ManagedClass;
-using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
+using pij::ManagedClass;
 
 enum DtvAudioField : uint8_t { kLangNum, kInfos, kCurIndex, kCurMode };
 const ManagedClass kDtvAudioInfo{"com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
-                              {{"audioLangNum", "S"},
-                               {"audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"},
-                               {"currentAudioIndex", "S"},
-                               {"currentChannelMode", "S"}}};
+                                 {{"audioLangNum", "S"},
+                                  {"audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"},
+                                  {"currentAudioIndex", "S"},
+                                  {"currentChannelMode", "S"}}};
 PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
 
 enum AudioField : uint8_t { kLang, kPid, kType, kMixAd, kAacType, kAacProfile };
 const ManagedClass kAudioInfo{"com/vireo/android/tvapi/dtv/vo/AudioInfo",
-                           {{"isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;"},
-                            {"audioPid", "I"},
-                            {"audioType", "S"},
-                            {"broadcastMixAd", "Z"},
-                            {"aacType", "S"},
-                            {"aacProfileAndLevel", "S"}}};
+                              {{"isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;"},
+                               {"audioPid", "I"},
+                               {"audioType", "S"},
+                               {"broadcastMixAd", "Z"},
+                               {"aacType", "S"},
+                               {"aacProfileAndLevel", "S"}}};
 PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
 
 enum LangField : uint8_t { kLangChars, kLangMode, kLangType, kLangValid };
@@ -39,23 +40,23 @@ const ManagedClass kLangIso639{
 PIJ_REGISTER_VALUE_CLASS(kLangIso639);
 
 const FieldCopy<DtvAudioInfoRec> kDtvAudioRows[] = {
-    copy<Jt::S, &DtvAudioInfoRec::audioLangNum>(kLangNum),
-    copy<Jt::S, &DtvAudioInfoRec::currentAudioIndex>(kCurIndex),
-    copy<Jt::S, &DtvAudioInfoRec::currentChannelMode>(kCurMode),
+    PIJ_COPY(Jt::S, &DtvAudioInfoRec::audioLangNum)(kLangNum),
+    PIJ_COPY(Jt::S, &DtvAudioInfoRec::currentAudioIndex)(kCurIndex),
+    PIJ_COPY(Jt::S, &DtvAudioInfoRec::currentChannelMode)(kCurMode),
 };
 
 const FieldCopy<AudioInfoRec> kAudioRows[] = {
-    copy<Jt::I, &AudioInfoRec::audioPid>(kPid),
-    copy<Jt::S, &AudioInfoRec::audioType>(kType),
-    copy<Jt::S, &AudioInfoRec::aacType>(kAacType),
-    copy<Jt::S, &AudioInfoRec::aacProfileAndLevel>(kAacProfile),
-    copy<Jt::Z, &AudioInfoRec::broadcastMixAd>(kMixAd),
+    PIJ_COPY(Jt::I, &AudioInfoRec::audioPid)(kPid),
+    PIJ_COPY(Jt::S, &AudioInfoRec::audioType)(kType),
+    PIJ_COPY(Jt::S, &AudioInfoRec::aacType)(kAacType),
+    PIJ_COPY(Jt::S, &AudioInfoRec::aacProfileAndLevel)(kAacProfile),
+    PIJ_COPY(Jt::Z, &AudioInfoRec::broadcastMixAd)(kMixAd),
 };
 
 const FieldCopy<LangIso639Rec> kLangRows[] = {
-    copy<Jt::S, &LangIso639Rec::audioMode>(kLangMode),
-    copy<Jt::S, &LangIso639Rec::audioType>(kLangType),
-    copy<Jt::Z, &LangIso639Rec::isValid>(kLangValid),
+    PIJ_COPY(Jt::S, &LangIso639Rec::audioMode)(kLangMode),
+    PIJ_COPY(Jt::S, &LangIso639Rec::audioType)(kLangType),
+    PIJ_COPY(Jt::Z, &LangIso639Rec::isValid)(kLangValid),
 };
 
 // Source lines the failure reports carry.
@@ -63,9 +64,8 @@ constexpr int kLineAudioInfo = 2225;
 constexpr int kLineAudioInfoEx = 2307;
 
 // The number of entries to convert. The record holds 16; a larger count would read past it,
-// so at most 16 are read, with an ERROR line. A negative count is passed on as it is: the VM
-// refuses an array of that length and leaves its NegativeArraySizeException pending, which is
-// what the managed caller then receives (see buildAudioInfo).
+// so at most 16 are read, with an ERROR line. A negative count is returned as it is and
+// refused by buildAudioInfo.
 jsize usableTrackCount(const char* what, int16_t count) {
     if (count > kMaxAudioTracks) {
         ALOGE("%s: audio track count %d exceeds %d, reading %d", what, count, kMaxAudioTracks,
@@ -87,9 +87,19 @@ jobject buildAudioInfo(JNIEnv* env, const char* what, const DtvAudioInfoRec& rec
     pij::copyFields(env, result, dtvIds, kDtvAudioRows, rec);
 
     const jsize count = usableTrackCount(what, rec.audioLangNum);
+    // A negative count gets the outcome a refused array length gives the managed caller: a
+    // pending NegativeArraySizeException and no loop. The exception is raised here rather
+    // than by asking for the array: on the device's runtime NewObjectArray with a negative
+    // length aborts the whole process instead of throwing.
+    if (count < 0) {
+        char length[8];
+        snprintf(length, sizeof length, "%d", count);
+        env->ThrowNew(env->FindClass("java/lang/NegativeArraySizeException"), length);
+        return result;
+    }
     jobjectArray tracks = env->NewObjectArray(count, audioCls, nullptr);
-    // No array (a negative count, or no memory): the VM's exception is pending, so no further
-    // call goes into the VM; the managed caller gets that exception, not the half-made object.
+    // No array (no memory): the VM's exception is pending, so no further call goes into the
+    // VM; the managed caller gets that exception, not the half-made object.
     if (tracks == nullptr) return result;
     for (jsize i = 0; i < count; ++i) {
         const AudioInfoRec& entry = rec.audioInfos[i];

@@ -22,16 +22,16 @@ constexpr int kLineDrawPreviewNullSetting = 3855;
 constexpr int kLineDrawPreviewNoClass = 3861;
 
 const pij::ManagedClass kCaptionClass{"com/vireo/android/tvapi/common/vo/CaptionOptionSetting",
-                                   {{"currProgInfoFGColor", "S"},
-                                    {"currProgInfoBGColor", "S"},
-                                    {"currProgInfoFGOpacity", "S"},
-                                    {"currProgInfoBGOpacity", "S"},
-                                    {"currProgInfoFontSize", "S"},
-                                    {"currProgInfoFontStyle", "S"},
-                                    {"currProgInfoEdgeStyle", "S"},
-                                    {"currProgInfoEdgeColor", "S"},
-                                    {"currProgInfoItalicsAttr", "S"},
-                                    {"currProgInfoUnderlineAttr", "S"}}};
+                                      {{"currProgInfoFGColor", "S"},
+                                       {"currProgInfoBGColor", "S"},
+                                       {"currProgInfoFGOpacity", "S"},
+                                       {"currProgInfoBGOpacity", "S"},
+                                       {"currProgInfoFontSize", "S"},
+                                       {"currProgInfoFontStyle", "S"},
+                                       {"currProgInfoEdgeStyle", "S"},
+                                       {"currProgInfoEdgeColor", "S"},
+                                       {"currProgInfoItalicsAttr", "S"},
+                                       {"currProgInfoUnderlineAttr", "S"}}};
 PIJ_REGISTER_VALUE_CLASS(kCaptionClass);
 
 // The record byte each managed field goes to, in the order of the class list.

@@ -8,10 +8,9 @@
 
 namespace {
 
-using pij::ManagedClass;
-using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
+using pij::ManagedClass;
 
 // DtvDemodVersion: four character arrays, looked up and set in this order.
 const ManagedClass kDemodVersion{
@@ -53,45 +52,45 @@ enum DvbtField : uint8_t {
     kTTdCoef,
 };
 const ManagedClass kDvbtInfo{"com/vireo/android/tvapi/dtv/dvb/dvbt/DtvDemodDvbtInfo",
-                          {{"u16Version", "S"},
-                           {"u16DemodState", "B"},
-                           {"SfoValue", "F"},
-                           {"TotalCfo", "F"},
-                           {"u16ChannelLength", "S"},
-                           {"u8Fft", "B"},
-                           {"u8Constel", "B"},
-                           {"u8Gi", "B"},
-                           {"u8HpCr", "B"},
-                           {"u8LpCr", "B"},
-                           {"u8Hiearchy", "B"},
-                           {"u8Fd", "B"},
-                           {"u8ChLen", "B"},
-                           {"u8SnrSel", "B"},
-                           {"u8PertoneNum", "B"},
-                           {"u8DigAci", "B"},
-                           {"u8FlagCi", "B"},
-                           {"u8TdCoef", "B"}}};
+                             {{"u16Version", "S"},
+                              {"u16DemodState", "B"},
+                              {"SfoValue", "F"},
+                              {"TotalCfo", "F"},
+                              {"u16ChannelLength", "S"},
+                              {"u8Fft", "B"},
+                              {"u8Constel", "B"},
+                              {"u8Gi", "B"},
+                              {"u8HpCr", "B"},
+                              {"u8LpCr", "B"},
+                              {"u8Hiearchy", "B"},
+                              {"u8Fd", "B"},
+                              {"u8ChLen", "B"},
+                              {"u8SnrSel", "B"},
+                              {"u8PertoneNum", "B"},
+                              {"u8DigAci", "B"},
+                              {"u8FlagCi", "B"},
+                              {"u8TdCoef", "B"}}};
 PIJ_REGISTER_VALUE_CLASS(kDvbtInfo);
 
 const FieldCopy<DtvDemodDvbtInfoRec> kDvbtRows[] = {
-    copy<Jt::S, &DtvDemodDvbtInfoRec::u16Version>(kTVersion),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u16DemodState>(kTDemodState),
-    copy<Jt::F, &DtvDemodDvbtInfoRec::SfoValue>(kTSfo),
-    copy<Jt::F, &DtvDemodDvbtInfoRec::TotalCfo>(kTTotalCfo),
-    copy<Jt::S, &DtvDemodDvbtInfoRec::u16ChannelLength>(kTChannelLength),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8Fft>(kTFft),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8Constel>(kTConstel),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8Gi>(kTGi),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8HpCr>(kTHpCr),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8LpCr>(kTLpCr),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8Hiearchy>(kTHierarchy),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8Fd>(kTFd),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8ChLen>(kTChLen),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8SnrSel>(kTSnrSel),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8PertoneNum>(kTPertoneNum),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8DigAci>(kTDigAci),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8FlagCi>(kTFlagCi),
-    copy<Jt::B, &DtvDemodDvbtInfoRec::u8TdCoef>(kTTdCoef),
+    PIJ_COPY(Jt::S, &DtvDemodDvbtInfoRec::u16Version)(kTVersion),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u16DemodState)(kTDemodState),
+    PIJ_COPY(Jt::F, &DtvDemodDvbtInfoRec::SfoValue)(kTSfo),
+    PIJ_COPY(Jt::F, &DtvDemodDvbtInfoRec::TotalCfo)(kTTotalCfo),
+    PIJ_COPY(Jt::S, &DtvDemodDvbtInfoRec::u16ChannelLength)(kTChannelLength),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8Fft)(kTFft),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8Constel)(kTConstel),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8Gi)(kTGi),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8HpCr)(kTHpCr),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8LpCr)(kTLpCr),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8Hiearchy)(kTHierarchy),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8Fd)(kTFd),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8ChLen)(kTChLen),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8SnrSel)(kTSnrSel),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8PertoneNum)(kTPertoneNum),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8DigAci)(kTDigAci),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8FlagCi)(kTFlagCi),
+    PIJ_COPY(Jt::B, &DtvDemodDvbtInfoRec::u8TdCoef)(kTTdCoef),
 };
 
 // DtvDemodDvbcInfo: likewise fetched and set one by one, in this order.
@@ -113,39 +112,39 @@ enum DvbcField : uint8_t {
     kCSymbolRateHal,
 };
 const ManagedClass kDvbcInfo{"com/vireo/android/tvapi/dtv/dvb/dvbc/DtvDemodDvbcInfo",
-                          {{"u16Version", "S"},
-                           {"u16SymbolRate", "S"},
-                           {"eQamMode", "B"},
-                           {"u32IFFreq", "I"},
-                           {"bSpecInv", "Z"},
-                           {"bSerialTS", "Z"},
-                           {"u8SarValue", "B"},
-                           {"u32ChkScanTimeStart", "I"},
-                           {"eLockStatus", "B"},
-                           {"u16Strength", "S"},
-                           {"u16Quality", "S"},
-                           {"u32Intp", "I"},
-                           {"u32FcFs", "I"},
-                           {"u8Qam", "B"},
-                           {"u16SymbolRateHal", "S"}}};
+                             {{"u16Version", "S"},
+                              {"u16SymbolRate", "S"},
+                              {"eQamMode", "B"},
+                              {"u32IFFreq", "I"},
+                              {"bSpecInv", "Z"},
+                              {"bSerialTS", "Z"},
+                              {"u8SarValue", "B"},
+                              {"u32ChkScanTimeStart", "I"},
+                              {"eLockStatus", "B"},
+                              {"u16Strength", "S"},
+                              {"u16Quality", "S"},
+                              {"u32Intp", "I"},
+                              {"u32FcFs", "I"},
+                              {"u8Qam", "B"},
+                              {"u16SymbolRateHal", "S"}}};
 PIJ_REGISTER_VALUE_CLASS(kDvbcInfo);
 
 const FieldCopy<DtvDemodDvbcInfoRec> kDvbcRows[] = {
-    copy<Jt::S, &DtvDemodDvbcInfoRec::u16Version>(kCVersion),
-    copy<Jt::S, &DtvDemodDvbcInfoRec::u16SymbolRate>(kCSymbolRate),
-    copy<Jt::B, &DtvDemodDvbcInfoRec::eQamMode>(kCQamMode),
-    copy<Jt::I, &DtvDemodDvbcInfoRec::u32IFFreq>(kCIfFreq),
-    copy<Jt::Z, &DtvDemodDvbcInfoRec::bSpecInv>(kCSpecInv),
-    copy<Jt::Z, &DtvDemodDvbcInfoRec::bSerialTS>(kCSerialTs),
-    copy<Jt::B, &DtvDemodDvbcInfoRec::u8SarValue>(kCSarValue),
-    copy<Jt::I, &DtvDemodDvbcInfoRec::u32ChkScanTimeStart>(kCChkScanTimeStart),
-    copy<Jt::B, &DtvDemodDvbcInfoRec::eLockStatus>(kCLockStatus),
-    copy<Jt::S, &DtvDemodDvbcInfoRec::u16Strength>(kCStrength),
-    copy<Jt::S, &DtvDemodDvbcInfoRec::u16Quality>(kCQuality),
-    copy<Jt::I, &DtvDemodDvbcInfoRec::u32Intp>(kCIntp),
-    copy<Jt::I, &DtvDemodDvbcInfoRec::u32FcFs>(kCFcFs),
-    copy<Jt::B, &DtvDemodDvbcInfoRec::u8Qam>(kCQam),
-    copy<Jt::S, &DtvDemodDvbcInfoRec::u16SymbolRateHal>(kCSymbolRateHal),
+    PIJ_COPY(Jt::S, &DtvDemodDvbcInfoRec::u16Version)(kCVersion),
+    PIJ_COPY(Jt::S, &DtvDemodDvbcInfoRec::u16SymbolRate)(kCSymbolRate),
+    PIJ_COPY(Jt::B, &DtvDemodDvbcInfoRec::eQamMode)(kCQamMode),
+    PIJ_COPY(Jt::I, &DtvDemodDvbcInfoRec::u32IFFreq)(kCIfFreq),
+    PIJ_COPY(Jt::Z, &DtvDemodDvbcInfoRec::bSpecInv)(kCSpecInv),
+    PIJ_COPY(Jt::Z, &DtvDemodDvbcInfoRec::bSerialTS)(kCSerialTs),
+    PIJ_COPY(Jt::B, &DtvDemodDvbcInfoRec::u8SarValue)(kCSarValue),
+    PIJ_COPY(Jt::I, &DtvDemodDvbcInfoRec::u32ChkScanTimeStart)(kCChkScanTimeStart),
+    PIJ_COPY(Jt::B, &DtvDemodDvbcInfoRec::eLockStatus)(kCLockStatus),
+    PIJ_COPY(Jt::S, &DtvDemodDvbcInfoRec::u16Strength)(kCStrength),
+    PIJ_COPY(Jt::S, &DtvDemodDvbcInfoRec::u16Quality)(kCQuality),
+    PIJ_COPY(Jt::I, &DtvDemodDvbcInfoRec::u32Intp)(kCIntp),
+    PIJ_COPY(Jt::I, &DtvDemodDvbcInfoRec::u32FcFs)(kCFcFs),
+    PIJ_COPY(Jt::B, &DtvDemodDvbcInfoRec::u8Qam)(kCQam),
+    PIJ_COPY(Jt::S, &DtvDemodDvbcInfoRec::u16SymbolRateHal)(kCSymbolRateHal),
 };
 
 // Source lines the failure reports carry.

@@ -28,16 +28,16 @@ constexpr int kLineGetUserLocation = 4688;
 constexpr jsize kEwbsCodes = 100;
 
 const pij::ManagedClass kEwbsInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
-                                    {{"reqAreaCode", "I"},
-                                     {"returnCode", "I"},
-                                     {"titleType", "I"},
-                                     {"codeList", "[I"},
-                                     {"dataLen", "I"}}};
+                                       {{"reqAreaCode", "I"},
+                                        {"returnCode", "I"},
+                                        {"titleType", "I"},
+                                        {"codeList", "[I"},
+                                        {"dataLen", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kEwbsInfoClass);
 enum EwbsInfoField { kReqAreaCode, kEwbsReturnCode, kTitleType, kCodeList, kDataLen };
 
 const pij::ManagedClass kEwbsOpInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo",
-                                      {{"reqOp", "I"}, {"returnCode", "I"}, {"value", "I"}}};
+                                         {{"reqOp", "I"}, {"returnCode", "I"}, {"value", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kEwbsOpInfoClass);
 enum EwbsOpInfoField { kReqOp, kOpReturnCode, kOpValue };
 

@@ -57,27 +57,49 @@ struct MemberOf;
 template <typename C, typename T>
 struct MemberOf<T C::*> {
     using Class = C;
+    using Type = T;
 };
 
 // The conversion is C++'s own from the member's declared type: a signed member sign-extends,
 // an unsigned one zero-extends, a narrower managed type keeps the low bits, and a boolean
 // byte passes whole (never reduced to 0/1).
-template <auto M, Jt T>
-jvalue readMember(const typename MemberOf<decltype(M)>::Class& rec) {
+template <typename Rec, typename T, T Rec::*M, Jt J>
+jvalue readMember(const Rec& rec) {
     jvalue v{};
-    const auto x = rec.*M;
-    if constexpr (T == Jt::Z) v.z = static_cast<jboolean>(x);
-    if constexpr (T == Jt::B) v.b = static_cast<jbyte>(x);
-    if constexpr (T == Jt::S) v.s = static_cast<jshort>(x);
-    if constexpr (T == Jt::I) v.i = static_cast<jint>(x);
-    if constexpr (T == Jt::F) v.f = static_cast<jfloat>(x);
+    const T x = rec.*M;
+    switch (J) {
+        case Jt::Z:
+            v.z = static_cast<jboolean>(x);
+            break;
+        case Jt::B:
+            v.b = static_cast<jbyte>(x);
+            break;
+        case Jt::S:
+            v.s = static_cast<jshort>(x);
+            break;
+        case Jt::I:
+            v.i = static_cast<jint>(x);
+            break;
+        case Jt::F:
+            v.f = static_cast<jfloat>(x);
+            break;
+    }
     return v;
 }
 
-template <Jt T, auto M>
-constexpr FieldCopy<typename MemberOf<decltype(M)>::Class> copy(uint8_t field) {
-    return {field, T, &readMember<M, T>};
+template <Jt J, typename P, P M>
+constexpr FieldCopy<typename MemberOf<P>::Class> copy(uint8_t field) {
+    using Rec = typename MemberOf<P>::Class;
+    return {field, J, &readMember<Rec, typename MemberOf<P>::Type, M, J>};
 }
+
+}  // namespace pij
+
+// A copy row for the record member `member` (a pointer to member), set with setter `J`:
+// PIJ_COPY(Jt::I, &VideoInfoRec::frameRate)(kFrameRate).
+#define PIJ_COPY(J, member) ::pij::copy<J, decltype(member), member>
+
+namespace pij {
 
 inline void setField(JNIEnv* env, jobject obj, jfieldID id, Jt type, jvalue v) {
     switch (type) {

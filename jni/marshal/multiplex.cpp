@@ -8,10 +8,9 @@
 
 namespace {
 
-using pij::ManagedClass;
-using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
+using pij::ManagedClass;
 
 // DvbMuxInfo, listed in the order getCurrentMuxInfo looks the fields up (symbRate before
 // lossSignalStartTime); the set order is the record's, kMuxRows.
@@ -36,24 +35,24 @@ enum MuxField : uint8_t {
     kPolarity,
 };
 const ManagedClass kDvbMuxInfo{"com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
-                            {{"satTableId", "I"},
-                             {"networkTableID", "I"},
-                             {"refCnt", "I"},
-                             {"transportStreamId", "I"},
-                             {"originalNetworkId", "I"},
-                             {"networkId", "I"},
-                             {"cellID", "I"},
-                             {"rfNumber", "S"},
-                             {"frequency", "I"},
-                             {"lossSignalFrequency", "I"},
-                             {"symbRate", "I"},
-                             {"lossSignalStartTime", "I"},
-                             {"modulationMode", "S"},
-                             {"plpID", "I"},
-                             {"lpCoding", "Z"},
-                             {"satID", "S"},
-                             {"bandwidth", "S"},
-                             {"polarityPilotsReserved", "I"}}};
+                               {{"satTableId", "I"},
+                                {"networkTableID", "I"},
+                                {"refCnt", "I"},
+                                {"transportStreamId", "I"},
+                                {"originalNetworkId", "I"},
+                                {"networkId", "I"},
+                                {"cellID", "I"},
+                                {"rfNumber", "S"},
+                                {"frequency", "I"},
+                                {"lossSignalFrequency", "I"},
+                                {"symbRate", "I"},
+                                {"lossSignalStartTime", "I"},
+                                {"modulationMode", "S"},
+                                {"plpID", "I"},
+                                {"lpCoding", "Z"},
+                                {"satID", "S"},
+                                {"bandwidth", "S"},
+                                {"polarityPilotsReserved", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kDvbMuxInfo);
 
 // getMuxInfoByProgramNumber looks symbRate up after lossSignalStartTime.
@@ -63,24 +62,24 @@ const uint8_t kByProgramLookupOrder[] = {
 };
 
 const FieldCopy<DvbMuxInfoRec> kMuxRows[] = {
-    copy<Jt::I, &DvbMuxInfoRec::satTableId>(kSatTable),
-    copy<Jt::I, &DvbMuxInfoRec::networkTableID>(kNetTable),
-    copy<Jt::I, &DvbMuxInfoRec::refCnt>(kRefCnt),
-    copy<Jt::I, &DvbMuxInfoRec::transportStreamId>(kTsId),
-    copy<Jt::I, &DvbMuxInfoRec::originalNetworkId>(kOnId),
-    copy<Jt::I, &DvbMuxInfoRec::networkId>(kNetId),
-    copy<Jt::I, &DvbMuxInfoRec::cellID>(kCell),
-    copy<Jt::S, &DvbMuxInfoRec::rfNumber>(kRfNumber),
-    copy<Jt::I, &DvbMuxInfoRec::frequency>(kFrequency),
-    copy<Jt::I, &DvbMuxInfoRec::lossSignalFrequency>(kLossFreq),
-    copy<Jt::I, &DvbMuxInfoRec::lossSignalStartTime>(kLossStart),
-    copy<Jt::I, &DvbMuxInfoRec::symbRate>(kSymbRate),
-    copy<Jt::S, &DvbMuxInfoRec::modulationMode>(kModulation),
-    copy<Jt::I, &DvbMuxInfoRec::plpID>(kPlp),
-    copy<Jt::Z, &DvbMuxInfoRec::lpCoding>(kLpCoding),
-    copy<Jt::S, &DvbMuxInfoRec::satID>(kSatId),
-    copy<Jt::S, &DvbMuxInfoRec::bandwidth>(kBandwidth),
-    copy<Jt::I, &DvbMuxInfoRec::polarityPilotsReserved>(kPolarity),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::satTableId)(kSatTable),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::networkTableID)(kNetTable),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::refCnt)(kRefCnt),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::transportStreamId)(kTsId),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::originalNetworkId)(kOnId),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::networkId)(kNetId),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::cellID)(kCell),
+    PIJ_COPY(Jt::S, &DvbMuxInfoRec::rfNumber)(kRfNumber),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::frequency)(kFrequency),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::lossSignalFrequency)(kLossFreq),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::lossSignalStartTime)(kLossStart),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::symbRate)(kSymbRate),
+    PIJ_COPY(Jt::S, &DvbMuxInfoRec::modulationMode)(kModulation),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::plpID)(kPlp),
+    PIJ_COPY(Jt::Z, &DvbMuxInfoRec::lpCoding)(kLpCoding),
+    PIJ_COPY(Jt::S, &DvbMuxInfoRec::satID)(kSatId),
+    PIJ_COPY(Jt::S, &DvbMuxInfoRec::bandwidth)(kBandwidth),
+    PIJ_COPY(Jt::I, &DvbMuxInfoRec::polarityPilotsReserved)(kPolarity),
 };
 
 enum RfField : uint8_t { kPhyNum, kRfFrequency, kVhf, kRfName };
@@ -90,9 +89,9 @@ const ManagedClass kRfInfo{
 PIJ_REGISTER_VALUE_CLASS(kRfInfo);
 
 const FieldCopy<RfInfoRec> kRfRows[] = {
-    copy<Jt::S, &RfInfoRec::rfPhyNum>(kPhyNum),
-    copy<Jt::I, &RfInfoRec::frequency>(kRfFrequency),
-    copy<Jt::Z, &RfInfoRec::isVHF>(kVhf),
+    PIJ_COPY(Jt::S, &RfInfoRec::rfPhyNum)(kPhyNum),
+    PIJ_COPY(Jt::I, &RfInfoRec::frequency)(kRfFrequency),
+    PIJ_COPY(Jt::Z, &RfInfoRec::isVHF)(kVhf),
 };
 
 // Source lines the failure reports carry.

@@ -8,31 +8,30 @@
 
 namespace {
 
-using pij::ManagedClass;
-using pij::copy;
 using pij::FieldCopy;
 using pij::Jt;
+using pij::ManagedClass;
 
 // VideoArcInfo: fields looked up and set in the same order.
 enum ArcField : uint8_t { kArcType, kThreeD, kAdjLeft, kAdjRight, kAdjUp, kAdjDown, kCusWin };
 const ManagedClass kVideoArcInfo{"com/vireo/android/tvapi/common/vo/VideoArcInfo",
-                              {{"arcType", "I"},
-                               {"threeDimensionArcType", "I"},
-                               {"adjArcLeft", "S"},
-                               {"adjArcRight", "S"},
-                               {"adjArcUp", "S"},
-                               {"adjArcDown", "S"},
-                               {"bSetCusWin", "Z"}}};
+                                 {{"arcType", "I"},
+                                  {"threeDimensionArcType", "I"},
+                                  {"adjArcLeft", "S"},
+                                  {"adjArcRight", "S"},
+                                  {"adjArcUp", "S"},
+                                  {"adjArcDown", "S"},
+                                  {"bSetCusWin", "Z"}}};
 PIJ_REGISTER_VALUE_CLASS(kVideoArcInfo);
 
 const FieldCopy<VideoArcInfoRec> kArcRows[] = {
-    copy<Jt::I, &VideoArcInfoRec::arcType>(kArcType),
-    copy<Jt::I, &VideoArcInfoRec::threeDimensionArcType>(kThreeD),
-    copy<Jt::S, &VideoArcInfoRec::adjArcLeft>(kAdjLeft),
-    copy<Jt::S, &VideoArcInfoRec::adjArcRight>(kAdjRight),
-    copy<Jt::S, &VideoArcInfoRec::adjArcUp>(kAdjUp),
-    copy<Jt::S, &VideoArcInfoRec::adjArcDown>(kAdjDown),
-    copy<Jt::Z, &VideoArcInfoRec::bSetCusWin>(kCusWin),
+    PIJ_COPY(Jt::I, &VideoArcInfoRec::arcType)(kArcType),
+    PIJ_COPY(Jt::I, &VideoArcInfoRec::threeDimensionArcType)(kThreeD),
+    PIJ_COPY(Jt::S, &VideoArcInfoRec::adjArcLeft)(kAdjLeft),
+    PIJ_COPY(Jt::S, &VideoArcInfoRec::adjArcRight)(kAdjRight),
+    PIJ_COPY(Jt::S, &VideoArcInfoRec::adjArcUp)(kAdjUp),
+    PIJ_COPY(Jt::S, &VideoArcInfoRec::adjArcDown)(kAdjDown),
+    PIJ_COPY(Jt::Z, &VideoArcInfoRec::bSetCusWin)(kCusWin),
 };
 
 // VideoInfo: the managed order puts the scan type before the mode index, unlike the record.
@@ -47,47 +46,47 @@ enum VideoField : uint8_t {
     kAfd
 };
 const ManagedClass kVideoInfo{"com/vireo/android/tvapi/common/vo/VideoInfo",
-                           {{"hResolution", "I"},
-                            {"vResolution", "I"},
-                            {"frameRate", "I"},
-                            {"enScanType", "I"},
-                            {"modeIndex", "I"},
-                            {"arcDescriptionType", "I"},
-                            {"arcType", "I"},
-                            {"afdAspectRatio", "I"}}};
+                              {{"hResolution", "I"},
+                               {"vResolution", "I"},
+                               {"frameRate", "I"},
+                               {"enScanType", "I"},
+                               {"modeIndex", "I"},
+                               {"arcDescriptionType", "I"},
+                               {"arcType", "I"},
+                               {"afdAspectRatio", "I"}}};
 PIJ_REGISTER_VALUE_CLASS(kVideoInfo);
 
 const FieldCopy<VideoInfoRec> kVideoRows[] = {
-    copy<Jt::I, &VideoInfoRec::hResolution>(kHRes),
-    copy<Jt::I, &VideoInfoRec::vResolution>(kVRes),
-    copy<Jt::I, &VideoInfoRec::frameRate>(kFrameRate),
-    copy<Jt::I, &VideoInfoRec::enScanType>(kScanType),
-    copy<Jt::I, &VideoInfoRec::modeIndex>(kModeIndex),
-    copy<Jt::I, &VideoInfoRec::arcDescriptionType>(kArcDesc),
-    copy<Jt::I, &VideoInfoRec::arcType>(kVArc),
-    copy<Jt::I, &VideoInfoRec::afdAspectRatio>(kAfd),
+    PIJ_COPY(Jt::I, &VideoInfoRec::hResolution)(kHRes),
+    PIJ_COPY(Jt::I, &VideoInfoRec::vResolution)(kVRes),
+    PIJ_COPY(Jt::I, &VideoInfoRec::frameRate)(kFrameRate),
+    PIJ_COPY(Jt::I, &VideoInfoRec::enScanType)(kScanType),
+    PIJ_COPY(Jt::I, &VideoInfoRec::modeIndex)(kModeIndex),
+    PIJ_COPY(Jt::I, &VideoInfoRec::arcDescriptionType)(kArcDesc),
+    PIJ_COPY(Jt::I, &VideoInfoRec::arcType)(kVArc),
+    PIJ_COPY(Jt::I, &VideoInfoRec::afdAspectRatio)(kAfd),
 };
 
 // DtvProgramSignalInfo: looked up in this order, set in the order of kSignalRows, then the
 // network name last.
 enum SignalField : uint8_t { kRf, kModulation, kAm, kQuality, kStrength, kSymbolRate, kNetName };
 const ManagedClass kSignalInfo{"com/vireo/android/tvapi/common/vo/DtvProgramSignalInfo",
-                            {{"rfNumber", "S"},
-                             {"modulationMode", "I"},
-                             {"amMode", "S"},
-                             {"quality", "I"},
-                             {"strength", "I"},
-                             {"symbolRate", "I"},
-                             {"networkName", "Ljava/lang/String;"}}};
+                               {{"rfNumber", "S"},
+                                {"modulationMode", "I"},
+                                {"amMode", "S"},
+                                {"quality", "I"},
+                                {"strength", "I"},
+                                {"symbolRate", "I"},
+                                {"networkName", "Ljava/lang/String;"}}};
 PIJ_REGISTER_VALUE_CLASS(kSignalInfo);
 
 const FieldCopy<DtvProgramSignalInfoRec> kSignalRows[] = {
-    copy<Jt::I, &DtvProgramSignalInfoRec::modulationMode>(kModulation),
-    copy<Jt::I, &DtvProgramSignalInfoRec::quality>(kQuality),
-    copy<Jt::I, &DtvProgramSignalInfoRec::strength>(kStrength),
-    copy<Jt::I, &DtvProgramSignalInfoRec::symbolRate>(kSymbolRate),
-    copy<Jt::S, &DtvProgramSignalInfoRec::rfNumber>(kRf),
-    copy<Jt::S, &DtvProgramSignalInfoRec::amMode>(kAm),
+    PIJ_COPY(Jt::I, &DtvProgramSignalInfoRec::modulationMode)(kModulation),
+    PIJ_COPY(Jt::I, &DtvProgramSignalInfoRec::quality)(kQuality),
+    PIJ_COPY(Jt::I, &DtvProgramSignalInfoRec::strength)(kStrength),
+    PIJ_COPY(Jt::I, &DtvProgramSignalInfoRec::symbolRate)(kSymbolRate),
+    PIJ_COPY(Jt::S, &DtvProgramSignalInfoRec::rfNumber)(kRf),
+    PIJ_COPY(Jt::S, &DtvProgramSignalInfoRec::amMode)(kAm),
 };
 
 // Source lines the failure reports carry.
