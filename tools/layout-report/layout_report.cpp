@@ -10,7 +10,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 
 #include "core/PlayerImpl.h"
 #include "marshal/atsc_eas.h"
@@ -22,6 +21,7 @@
 #include "marshal/picture.h"
 #include "marshal/satellite.h"
 #include "native_report.h"
+#include "service_slots.h"
 #include "surface/video_surface.h"
 
 int native_report::failures = 0;
@@ -147,128 +147,26 @@ void reportRecords() {
 
 // ---- Virtual operation slots -------------------------------------------------------------
 
-// A pointer to a virtual member function holds the operation's byte offset in the table of
-// virtual operations. The generic C++ ABI (x86-64) marks "virtual" with bit 0 of the pointer
-// word (1 + 8 x slot); the ARM variant (AArch64) keeps the pointer word as 8 x slot and marks
-// "virtual" with bit 0 of the adjustment word. Returns -1 for a non-virtual member.
-template <typename Pmf>
-long slotOf(Pmf pmf) {
-    static_assert(sizeof(Pmf) == 2 * sizeof(void*), "two-word member function pointer");
-    struct {
-        uintptr_t ptr;
-        intptr_t adj;
-    } raw;
-    std::memcpy(&raw, &pmf, sizeof raw);
-#if defined(__aarch64__) || defined(__arm__)
-    if ((raw.adj & 1) == 0) return -1;
-    return static_cast<long>(raw.ptr / sizeof(void*));
-#else
-    if ((raw.ptr & 1) == 0) return -1;
-    return static_cast<long>((raw.ptr - 1) / sizeof(void*));
-#endif
-}
+using service_slots::slotOf;
 
-// One row per operation in the service's documented order; Gap(n) stands for n operations
-// this library never calls. The expected slot of a row is its position in this list.
+// One row per operation in the service's order (service_slots.h); a gap row stands for
+// operations this library never calls. The expected slot of a row is its position in the list.
 struct SlotRow {
     const char* name;  // nullptr for a gap
     long actual;       // gap rows: the number of slots skipped
 };
 
-#define OP(C, name) SlotRow{#name, slotOf(&C::name)},
 #define GAP(n) SlotRow{nullptr, n},
-
-// The proxy, as the service documents its table.
-#define P(name) OP(PlayerImpl, name)
-// clang-format off
-const SlotRow kProxySlots[] = {
-    GAP(13)
-    P(startPcModeAtuoTune) P(closeTeletext) P(stopCc) P(getAspectRatio) P(getPhaseRange)
-    P(getVideoInfo) P(getVideoStandard) P(getVideoStandardDetectionState) P(doesCcExist)
-    P(isHdmiMode) P(isSignalStable) P(hasTeletextSignal) P(hasTeletextClockSignal)
-    P(isTeletextDisplayed) P(isTeletextSubtitleChannel) P(openTeletext) P(sendTeletextCommand)
-    P(setTeletextLanguageGroup) P(openPAT) P(setHPosition) P(setPhase) P(setSize) P(setVPosition)
-    P(startCc) P(setMirror) P(disableAutoScartOut) P(enableAutoScartOut) P(sendMheg5Command)
-    P(sendMheg5IcsCommand) P(isMheg5Running) P(initOfflineDetection) P(detectInputSource)
-    P(setHdmiGpio) P(setCcMode) P(getCcMode) P(getAirChannelType)
-    GAP(1)
-    P(exitPreviewCCWin) P(createPreviewCCWin) P(drawPreviewCCWin) P(disableAft) P(enableAft)
-    P(initAtvVif) P(isAftEnabled) P(saveAtvProgram) P(setChannelChangeFreezeMode)
-    P(startAutoStandardDetection) P(forceVideoStandard) P(getAudioInfo) P(getRfInfo)
-    P(playCurrentProgram) P(setManualTuneByFreq) P(setManualTuneByRf) P(changeManualScanRF)
-    P(switchAudioTrack) P(setAudioMode) P(getEWSInfo) P(getAudioInfo_ex) P(getCurrentMuxInfo)
-    P(getDtvRouteCount) P(getMuxInfoByProgramNumber) P(setDtvRoute) P(setFavoriteRegion)
-    P(switchDtvRoute) P(unlockChannel) P(getCountryCode) P(setCountry) P(setParental)
-    P(getLanguageCode) P(enableAutoClock) P(disableAutoClock) P(getMheg5PfgContent)
-    P(setTimeZone) P(setDebugMode) P(getCurrentSignalInformation) P(getNitFrequencyByDtvRegion)
-    P(getChinaDvbcRegion) P(setChinaDvbcRegion) P(changeSetting)
-    GAP(2)
-    P(setUserLocationCode) P(getUserLocationCode)
-    GAP(2)
-    P(getAntennaType) P(autostartApplication) P(startApplication) P(stopApplication)
-    P(enableGinga) P(disableGigna) P(isGingaEnabled) P(isGingaRunning) P(processKey)
-    GAP(1)
-    P(setCurrentEventStatus) P(getCurrentEventStatus) P(getChannelLogoARGB) P(getEWBSInfo)
-    P(setEWBSOpInfo) P(getEWBSOpInfo) P(setVChipGuideline)
-    GAP(3)
-    P(getEASInProgress) P(getCurrentVChipBlockStatus) P(enterPassToUnlockUnratedByUser)
-    P(enterPassToUnlockByUser) P(getCurrentRatingInformation) P(setAudioMute)
-    P(getRRTInformation) P(resetRrtInformation) P(atsc_setAntennaType) P(getDTVDemodVersion)
-    P(getDemodDVBTInfo) P(getDemodDVBCInfo) P(setAutoSync) P(getLogoData)
-    P(getVChipRatingInfo) P(getCurrentSatelliteCount) P(getSatelliteInfo)
-    P(getCurrentSatelliteNumber) P(setCurrentSatelliteNumber) P(getTransponderCount)
-    P(getCurrentTransponderNumber) P(setCurrentTransponderNumber) P(getTransponderInfo)
-    P(updateSatelliteInfo) P(updateTransponderInfo) P(addSatelliteInfo) P(addTransponderInfo)
-    P(deleteSatelliteInfo) P(deleteTransponderInfo) P(verifySlotFrequency)
-    P(setDishLNBPowerMode) P(setDish22KMode) P(setDishToneburstMode) P(setDiSEqCSwitchPort)
-    P(sendDiSEqCMotorCommand) P(getUserLocationCount) P(getUserLocationInfo)
-    P(setProgramSortByType)
-    GAP(6)
-    P(getHdmiEdidVersionBySource) P(setHdmiEdidVersionBySource) P(getAllBISSProgramInfo)
-    P(setProgramBISSKeyByNumber) P(clearProgramBISSKeyByNumber)
-};
-// clang-format on
+#define P(name) SlotRow{#name, slotOf(&PlayerImpl::name)},
+const SlotRow kProxySlots[] = {PIJ_PROXY_SLOTS(P, GAP)};
 #undef P
-
-// The callback interface, in the service's declaration order.
-#define L(name) OP(PlayerImplListener, name)
-// clang-format off
-const SlotRow kListenerSlots[] = {
-    L(notify) L(notifyCB) L(PostEvent_ChannelNameReady) L(PostEvent_AtvAutoTuning)
-    L(PostEvent_ManualTuning) L(PostEvent_DtvAutoTuning) L(PostEvent_ProgramInfoReady)
-    L(PostEvent_SignalLock) L(PostEvent_SignalUnlock) L(PostEvent_PopupDialog)
-    L(PostEvent_ScreenSaverMode) L(PostEvent_CiLoadCredentialFail) L(PostEvent_EpgTimerSimulcast)
-    L(PostEvent_HbbtvStatusMode) L(PostEvent_Mheg5StatusMode) L(PostEvent_Mheg5ReturnKey)
-    L(PostEvent_OadHandler) L(PostEvent_OadDownload) L(PostEvent_PvrPlaybackTime)
-    L(PostEvent_PvrPlaybackSpeedChange) L(PostEvent_PvrRecordTime) L(PostEvent_PvrRecordSize)
-    L(PostEvent_PvrRecordStop) L(PostEvent_PvrPlaybackStop) L(PostEvent_PvrPlaybackBegin)
-    L(PostEvent_PvrTimeshiftBefore) L(PostEvent_PvrTimeshiftAfter) L(PostEvent_OverRun)
-    L(PostEvent_UsbRemoved) L(PostEvent_CiPlusProtection) L(PostEvent_ParentalControl)
-    L(PostEvent_AlwaysTimeshiftProgramReady) L(PostEvent_AlwaysTimeShiftProgramNotReady)
-    L(PostEvent_PvrCiPlusRetentionLimit) L(PostEvent_AutoUpdateScan) L(PostEvent_TsChange)
-    L(PostEvent_PopupScanDialogLossSignal) L(PostEvent_PopupScanDialogNewMultiplex)
-    L(PostEvent_PopupScanDialogFreqChange) L(PostEvent_RctPresence) L(PostEvent_ChangeTtxStatus)
-    L(PostEvent_PriComponentMissing) L(PostEvent_AudioModeChange) L(PostEvent_Mheg5EventHandler)
-    L(PostEvent_OadTimeOut) L(PostEvent_GingaStatusMode) L(PostEvent_HbbtvEvent)
-    L(PostEvent_EpgUpdateList) L(PostEvent_SnServiceDeadth) L(PostEvent_4k2kHDMIDisablePip)
-    L(PostEvent_4k2kHDMIDisablePop) L(PostEvent_4k2kHDMIDisableDualView)
-    L(PostEvent_4k2kHDMIDisableTravelingMode) L(PostEvent_OPRefreshQuery)
-    L(PostEvent_OPServiceList) L(PostEvent_ExitOPServiceList) L(PostEvent_Emerency_Alert)
-    L(PostEvent_DtvChannelInfoUpdate) L(PostEvent_EpgUpdate)
-};
-// clang-format on
+#define L(name) SlotRow{#name, slotOf(&PlayerImplListener::name)},
+const SlotRow kListenerSlots[] = {PIJ_LISTENER_SLOTS(L)};
 #undef L
-#undef OP
 #undef GAP
 
-// A class derived with one new virtual operation: that operation lands right after the
-// base's last slot, which tells where the base's table (destructor pair included) ends.
-struct ProxyProbe : PlayerImpl {
-    virtual void probe();
-};
-struct ListenerProbe : PlayerImplListener {
-    virtual void probe();
-};
+using service_slots::ListenerProbe;
+using service_slots::ProxyProbe;
 
 // Prints every row and checks it; returns the slot after the last operation.
 template <size_t N>
