@@ -1,148 +1,98 @@
-// The cost of one thin boolean command (closeTeletext) called from managed code, against
-// the floor: an empty boolean native registered on a test class, called the same way in
-// the same run. Both are called from a managed loop (so the VM's own call path is the one
-// a device uses) in batches of kBatch; figures are per call. Single-threaded and with two
-// threads calling at once, which share the library's one lock.
-//
-// The player behind the command is a quiet proxy that answers at once, so the figure is
-// the library's frame (trace line, lock, context read, reference, call, conversion).
-// Log lines go to the workstation's log capture, which is emptied between batches.
-//
-// By default the VM runs without -Xcheck:jni (set PIJ_BENCH_CHECK_JNI=1 to keep it).
-#include <benchmark/benchmark.h>
-#include <jni.h>
-
-#include <cstdio>
-#include <cstdlib>
-#include <map>
-#include <string>
-#include <thread>
-#include <utility>
-
-#include "core/PlayerImpl.h"
+// A thin boolean command, closeTeletext, against what any such command must cost, all called
+// from managed loops of the same shape in batches of kBatch (figures are per call):
+//   (a) an empty boolean native;
+//   (b) (a) plus the handler's trace line, formatted as the library formats it;
+//   (c) (b) plus the rest of the call frame: the lock, the read of the context field, a strong
+//       reference on the proxy, the proxy's virtual operation, bit 0 of its answer.
+// Beyond (c) the command has nothing left to do, so its ratio to (c) is what the library adds.
+// One thread, and two threads at once on one player object next to two on the empty native:
+// the frame's one lock and the proxy's one reference count are shared by every caller.
+#include "bench_support.h"
 #include "harness/jvm_harness.h"
-#include "playerimpl_host/host_player.h"
 
 namespace {
 
 constexpr int kBatch = 1000;
 
-// Answers closeTeletext at once and records nothing.
-class QuietPlayer : public host::HostPlayer {
-public:
-    ProxyBool closeTeletext() override { return 1; }
-};
-
-jboolean JNICALL emptyNative(JNIEnv*, jobject) { return JNI_TRUE; }
-
 struct Fixture {
-    jclass loops = nullptr;
+    bench::Player player;
+    bench::Floors floors;
     jmethodID loopNop = nullptr;
-    jmethodID loopCommand = nullptr;
-    jobject empty = nullptr;   // global
-    jobject player = nullptr;  // global
-    std::thread::id mainThread;
+    jmethodID loopNopTrace = nullptr;
+    jmethodID loopNopFrame = nullptr;
+    jmethodID loopCloseTeletext = nullptr;
 };
 Fixture gFx;
 
-bool setUp() {
-    gFx.mainThread = std::this_thread::get_id();
-    JNIEnv* e = th::env();
-    host::setConnectFactory([] { return android::sp<PlayerImpl>(new QuietPlayer()); });
-    jobject p = th::newPlayer();
-    gFx.player = e->NewGlobalRef(p);
-    e->DeleteLocalRef(p);
+jboolean JNICALL nop(JNIEnv*, jobject) { return JNI_TRUE; }
 
-    gFx.loops = th::findClass("com/vireo/test/EmptyNative");
-    JNINativeMethod nop{const_cast<char*>("nop"), const_cast<char*>("()Z"),
-                        reinterpret_cast<void*>(&emptyNative)};
-    if (e->RegisterNatives(gFx.loops, &nop, 1) != JNI_OK) return false;
-    jobject obj = e->AllocObject(gFx.loops);
-    gFx.empty = e->NewGlobalRef(obj);
-    e->DeleteLocalRef(obj);
-    gFx.loopNop = e->GetStaticMethodID(gFx.loops, "loopNop", "(Lcom/vireo/test/EmptyNative;I)I");
-    gFx.loopCommand = e->GetStaticMethodID(gFx.loops, "loopCloseTeletext",
-                                           "(Lcom/vireo/android/tvapi/impl/PlayerImpl;I)I");
-    if (e->ExceptionCheck()) {
-        e->ExceptionDescribe();
-        return false;
-    }
-    return gFx.loopNop != nullptr && gFx.loopCommand != nullptr;
+jboolean JNICALL nopTrace(JNIEnv*, jobject) {
+    __android_log_print(bench::kDebug, bench::kTag, "closeTeletext");
+    return JNI_TRUE;
+}
+
+jboolean JNICALL nopFrame(JNIEnv* env, jobject thiz) {
+    __android_log_print(bench::kDebug, bench::kTag, "closeTeletext");
+    android::sp<PlayerImpl> p = bench::framedProxy(env, thiz, gFx.floors.context);
+    if (p == nullptr) return JNI_FALSE;
+    return static_cast<jboolean>(p->closeTeletext() & 1u);
+}
+
+bool setUp() {
+    gFx.player = bench::newQuietPlayer();
+    const std::vector<JNINativeMethod> natives = {
+        {const_cast<char*>("nop"), const_cast<char*>("()Z"), reinterpret_cast<void*>(&nop)},
+        {const_cast<char*>("nopTrace"), const_cast<char*>("()Z"),
+         reinterpret_cast<void*>(&nopTrace)},
+        {const_cast<char*>("nopFrame"), const_cast<char*>("()Z"),
+         reinterpret_cast<void*>(&nopFrame)},
+    };
+    if (!bench::newFloors(gFx.player, natives, &gFx.floors)) return false;
+    const jclass c = gFx.floors.cls;
+    const char* floorSig = "(Lcom/vireo/test/BenchFloors;I)I";
+    gFx.loopNop = bench::staticMethod(c, "loopNop", floorSig);
+    gFx.loopNopTrace = bench::staticMethod(c, "loopNopTrace", floorSig);
+    gFx.loopNopFrame = bench::staticMethod(c, "loopNopFrame", floorSig);
+    gFx.loopCloseTeletext = bench::staticMethod(c, "loopCloseTeletext",
+                                                "(Lcom/vireo/android/tvapi/impl/PlayerImpl;I)I");
+    return gFx.loopNop && gFx.loopNopTrace && gFx.loopNopFrame && gFx.loopCloseTeletext;
 }
 
 void runLoop(benchmark::State& state, jmethodID loop, jobject target) {
     JNIEnv* e = th::env();
     for (auto _ : state) {
-        jint n = e->CallStaticIntMethod(gFx.loops, loop, target, kBatch);
+        const jint n = e->CallStaticIntMethod(gFx.floors.cls, loop, target, kBatch);
         if (e->ExceptionCheck()) {
             e->ExceptionDescribe();
             e->ExceptionClear();
-            state.SkipWithError("managed loop threw");
+            state.SkipWithError("the managed loop threw");
             break;
         }
         benchmark::DoNotOptimize(n);
-        state.PauseTiming();
-        th::clearLogs();
-        state.ResumeTiming();
     }
     state.SetItemsProcessed(state.iterations() * kBatch);
-    if (std::this_thread::get_id() != gFx.mainThread) th::vm()->DetachCurrentThread();
+    bench::detachWorker();
 }
 
-void BM_EmptyNative(benchmark::State& state) { runLoop(state, gFx.loopNop, gFx.empty); }
-void BM_CloseTeletext(benchmark::State& state) { runLoop(state, gFx.loopCommand, gFx.player); }
+void BM_EmptyNative(benchmark::State& s) { runLoop(s, gFx.loopNop, gFx.floors.object); }
+void BM_EmptyNativeTrace(benchmark::State& s) { runLoop(s, gFx.loopNopTrace, gFx.floors.object); }
+void BM_FrameFloor(benchmark::State& s) { runLoop(s, gFx.loopNopFrame, gFx.floors.object); }
+void BM_CloseTeletext(benchmark::State& s) { runLoop(s, gFx.loopCloseTeletext, gFx.player.object); }
 
-// Five repetitions each; the ratio uses the medians (the workstation is shared).
-BENCHMARK(BM_EmptyNative)->Threads(1)->Threads(2)->UseRealTime()->Repetitions(5);
-BENCHMARK(BM_CloseTeletext)->Threads(1)->Threads(2)->UseRealTime()->Repetitions(5);
-
-// Prints the usual table, then the command's cost over the floor for each thread count,
-// from the median repetition: wall time and CPU time of one call as one thread sees it.
-class RatioReporter : public benchmark::ConsoleReporter {
-public:
-    RatioReporter() : ConsoleReporter(OO_Tabular) {}
-
-    void ReportRuns(const std::vector<Run>& runs) override {
-        for (const Run& r : runs) {
-            if (r.run_type != Run::RT_Aggregate || r.aggregate_name != "median") continue;
-            // The library reports time per iteration summed over threads; scale back by the
-            // thread count, and down by the batch.
-            const double scale = static_cast<double>(r.threads) / kBatch;
-            mPerCall[{r.run_name.function_name, r.threads}] = {r.GetAdjustedRealTime() * scale,
-                                                               r.GetAdjustedCPUTime() * scale};
-        }
-        ConsoleReporter::ReportRuns(runs);
-    }
-    void Finalize() override {
-        ConsoleReporter::Finalize();
-        for (int64_t threads : {1, 2}) {
-            auto floor = mPerCall.find({"BM_EmptyNative", threads});
-            auto cmd = mPerCall.find({"BM_CloseTeletext", threads});
-            if (floor == mPerCall.end() || cmd == mPerCall.end()) continue;
-            printf(
-                "threads=%lld  wall: empty %.1f ns, closeTeletext %.1f ns, ratio %.1f;"
-                "  cpu: empty %.1f ns, closeTeletext %.1f ns, ratio %.1f\n",
-                static_cast<long long>(threads), floor->second.first, cmd->second.first,
-                cmd->second.first / floor->second.first, floor->second.second, cmd->second.second,
-                cmd->second.second / floor->second.second);
-        }
-    }
-
-private:
-    std::map<std::pair<std::string, int64_t>, std::pair<double, double>> mPerCall;
-};
+BENCHMARK(BM_EmptyNative)->Threads(1)->Threads(2)->UseRealTime();
+BENCHMARK(BM_EmptyNativeTrace)->UseRealTime();
+BENCHMARK(BM_FrameFloor)->Threads(1)->Threads(2)->UseRealTime();
+BENCHMARK(BM_CloseTeletext)->Threads(1)->Threads(2)->UseRealTime();
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    if (getenv("PIJ_BENCH_CHECK_JNI") == nullptr) setenv("PIJ_NO_CHECK_JNI", "1", 1);
-    benchmark::Initialize(&argc, argv);
-    if (!setUp()) {
-        fprintf(stderr, "benchmark set-up failed\n");
-        return 1;
-    }
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    return 0;
+    return bench::run(argc, argv, kBatch,
+                      {
+                          {"BM_CloseTeletext", "BM_EmptyNative", "(a) empty native"},
+                          {"BM_CloseTeletext", "BM_EmptyNativeTrace", "(b) (a) + trace line"},
+                          {"BM_CloseTeletext", "BM_FrameFloor", "(c) (b) + frame: required"},
+                          {"BM_FrameFloor", "BM_EmptyNative", "(a) empty native"},
+                      },
+                      setUp);
 }

@@ -326,8 +326,10 @@ ChildResult runChild(const std::string& filter, const std::map<std::string, std:
 
 }  // namespace th
 
+#ifndef PIJ_DEVICE_LOG_SINK
 // Stands in for liblog's entry point (the test executable exports it), so that every line
-// the library writes is captured.
+// the library writes is captured. The benchmarks build this file with PIJ_DEVICE_LOG_SINK
+// and bring a sink that costs what the device's logger costs instead.
 extern "C" __attribute__((visibility("default"))) int __android_log_print(int prio, const char* tag,
                                                                           const char* fmt, ...) {
     char buf[8192];
@@ -345,3 +347,4 @@ extern "C" __attribute__((visibility("default"))) int __android_log_print(int pr
     }
     return 1;
 }
+#endif  // PIJ_DEVICE_LOG_SINK
