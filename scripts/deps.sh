@@ -4,7 +4,7 @@ set -euo pipefail
 pkgs=(cmake g++ make openjdk-17-jdk-headless googletest libgtest-dev libbenchmark-dev
       android-libutils-dev android-liblog-dev android-libnativehelper-dev
       android-platform-frameworks-native-headers nlohmann-json3-dev
-      clang libclang-rt-dev)
+      clang libclang-rt-dev libelf-dev)
 missing=()
 for p in "${pkgs[@]}"; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
