@@ -57,7 +57,15 @@ inline jlong currentThreadId(JNIEnv* env) {
     jclass threadClass = env->FindClass("java/lang/Thread");
     jobject self = env->CallStaticObjectMethod(
         threadClass, env->GetStaticMethodID(threadClass, "currentThread", "()Ljava/lang/Thread;"));
-    const jlong id = env->CallLongMethod(self, env->GetMethodID(threadClass, "getId", "()J"));
+    jlong id = -1;
+    if (!env->ExceptionCheck()) {
+        id = env->CallLongMethod(self, env->GetMethodID(threadClass, "getId", "()J"));
+    }
+    if (env->ExceptionCheck()) {
+        env->ExceptionDescribe();
+        env->ExceptionClear();
+        id = -1;
+    }
     env->DeleteLocalRef(self);
     env->DeleteLocalRef(threadClass);
     return id;
