@@ -180,9 +180,10 @@ Entry readEntry(const ElfImage& image, const Word& word) {
         case Word::Address:
             e.function = image.isCode(word.value);
             e.typeInfo = !e.function;
-            for (const std::string& alias : image.namesAt(word.value)) {
-                if (alias != word.symbol) mangled.push_back(alias);
-            }
+            // A relocation that names its symbol says which one the table means; a relative
+            // one gives only the address, where identical functions may have been folded
+            // into one under several names.
+            if (word.symbol.empty()) mangled = image.namesAt(word.value);
             break;
     }
     for (const std::string& m : mangled) {
