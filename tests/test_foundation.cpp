@@ -3,12 +3,15 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <future>
+#include <thread>
 
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
 #include "playerimpl_host/fake_player.h"
+#include "playerimpl_host/host_player.h"
 
 namespace {
 
@@ -131,6 +134,117 @@ TEST_F(Foundation, AnEventAttachesItsServiceThreadForGoodAndReachesTheListener) 
     EXPECT_EQ(evs[0].ext2, -9);
     EXPECT_EQ(evs[0].obj, nullptr);
     th::releaseEvents(evs);
+}
+
+TEST_F(Foundation, FinalizeTearsDownOnceWhenCalledTwiceAtOnceOrFromInsideDisconnect) {
+    JNIEnv* e = th::env();
+    // From an event the proxy fires inside disconnect(): the listener's thread releases the
+    // same player again, and finds it already on its way out.
+    jobject self = e->NewGlobalRef(player);
+    bool fired = false;
+    fake->onCall("disconnect", [&](const host::OutArgs&) {
+        if (fired) return;
+        fired = true;
+        host::runOnServiceThread(0, [&] {
+            // The thread's last JNI call was an earlier event's post: the workstation VM's
+            // checker wants a look at its exception state before the next one.
+            (void)th::env()->ExceptionCheck();
+            th::callV(self, "release", "()V");
+        });
+    });
+    th::callV(player, "release", "()V");
+    EXPECT_EQ(fake->callsOf("disconnect").size(), 1u);
+    EXPECT_TRUE(failedOnce("native_finalize", 1296)) << th::dumpLogs();
+    e->DeleteGlobalRef(self);
+
+    // From two threads at once, many times over.
+    for (int round = 0; round < 100; ++round) {
+        renewPlayer();
+        jobject p = e->NewGlobalRef(player);
+        const int before = host::HostPlayer::disconnectCount();
+        th::clearLogs();
+        std::atomic<int> ready{0};
+        auto finalize = [&] {
+            th::env();
+            ready.fetch_add(1);
+            while (ready.load() < 2) std::this_thread::yield();
+            th::callV(p, "release", "()V");
+            th::vm()->DetachCurrentThread();
+        };
+        std::thread a(finalize), b(finalize);
+        a.join();
+        b.join();
+        ASSERT_EQ(host::HostPlayer::disconnectCount() - before, 1) << "round " << round;
+        ASSERT_TRUE(failedOnce("native_finalize", 1296)) << "round " << round;
+        e->DeleteGlobalRef(p);
+    }
+    e->DeleteLocalRef(player);
+    player = nullptr;
+}
+
+TEST_F(Foundation, AnExceptionLeftByTheListenerIsClearedByTheNextEventWithOneWarning) {
+    jclass throwing = th::findClass("com/vireo/test/ThrowingListener");
+    th::env()->CallStaticVoidMethod(
+        throwing,
+        th::env()->GetStaticMethodID(throwing, "install",
+                                     "(Lcom/vireo/android/tvapi/impl/PlayerImpl;I)V"),
+        player, 1);
+    th::failOnPendingException();
+    th::clearLogs();
+    for (int i = 0; i < 6; ++i) {
+        fake->fire([i](PlayerImplListener& l) { l.PostEvent_ChangeTtxStatus(i, 0); });
+    }
+    auto evs = th::events();
+    EXPECT_EQ(evs.size(), 6u) << "every event is posted, the one after the throw too";
+    th::releaseEvents(evs);
+    auto warned = th::logsContaining("pending on this thread");
+    ASSERT_EQ(warned.size(), 1u) << th::dumpLogs();
+    EXPECT_EQ(warned[0].prio, ANDROID_LOG_WARN);
+    EXPECT_EQ(warned[0].text,
+              "An earlier event's listener left java.lang.IllegalStateException pending on this "
+              "thread; cleared");
+}
+
+// Natives called before the managed class ran native_init: the library is loaded here
+// without the class (so native_init never runs) and its handlers are called directly.
+TEST(BeforeInitChild, NativesBeforeNativeInit) {
+    if (!th::isChild()) GTEST_SKIP();
+    JNIEnv* e = th::env();
+    void* lib = dlopen(PIJ_LIBRARY, RTLD_NOW);
+    ASSERT_NE(lib, nullptr);
+    auto sym = [&](const char* name) { return dlsym(lib, name); };
+    jclass objectClass = e->FindClass("java/lang/Object");
+    jobject thiz = e->AllocObject(objectClass);
+    using Bool = jboolean (*)(JNIEnv*, jobject);
+    using Setup = void (*)(JNIEnv*, jobject, jobject);
+    using Void = void (*)(JNIEnv*, jobject);
+    auto closeTeletext =
+        reinterpret_cast<Bool>(sym("com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext"));
+    printf("RESULT closeTeletext %d\n", closeTeletext(e, thiz));
+    reinterpret_cast<Setup>(sym("com_vireo_android_tvapi_impl_PlayerImpl_native_setup"))(e, thiz,
+                                                                                         thiz);
+    reinterpret_cast<Void>(sym("com_vireo_android_tvapi_impl_PlayerImpl_native_finalize"))(e, thiz);
+    reinterpret_cast<Void>(sym("suspend"))(e, thiz);
+    printf("RESULT done %d\n", e->ExceptionCheck());
+    fflush(stdout);
+}
+
+TEST(BeforeInit, NativesBehaveAsWithoutAPlayer) {
+    if (th::isChild()) GTEST_SKIP();
+    const th::ChildResult r = th::runChild("BeforeInitChild.NativesBeforeNativeInit");
+    EXPECT_TRUE(r.exited && r.exitCode == 0) << r.output;
+    for (const char* shown :
+         {"LOG 6 [Fatal jni_exception] com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext(1349)"
+          ", com/vireo/android/tvapi/common/exception/TvIpcException\nRESULT closeTeletext 0\n",
+          "LOG 3 native_setup\nLOG 6 native_setup before native_init: no player is set up\n"
+          "LOG 3 native_finalize\nLOG 6 [Fatal jni_exception] "
+          "com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(1296), "
+          "com/vireo/android/tvapi/common/exception/TvIpcException\n"
+          "LOG 3 playerimpl suspend\nRESULT done 0\n"}) {
+        EXPECT_NE(r.output.find(shown), std::string::npos) << r.output;
+    }
+    EXPECT_EQ(r.output.find("WARNING"), std::string::npos) << r.output;
+    EXPECT_EQ(r.output.find("FATAL"), std::string::npos) << r.output;
 }
 
 // ---- Loading, each in a fresh process ----

@@ -236,13 +236,16 @@ TEST_F(ParcelsLogos, ArgbLogoCarriesItsSizesInFrontAndStaysInItsBuffer) {
               (std::vector<jint>{40, 40, static_cast<jint>(0xFF000000u)}));
     EXPECT_EQ(static_cast<uint32_t>(v.back()), 0xFF000000u + 1599);
 
-    // Exactly the 2593-word buffer is allowed; one row more, or a negative size, is refused.
+    // Exactly the 2593-word buffer is allowed; one row more, a negative size (also two
+    // negatives whose product is small), or an A + 1 past the header's int is refused.
     EXPECT_EQ(fetch(2592, 1).size(), 2595u);
     th::clearLogs();
     EXPECT_TRUE(fetch(2593, 1).empty());
     EXPECT_TRUE(fetch(-3, 5).empty());
+    EXPECT_TRUE(fetch(-2, -1).empty());
+    EXPECT_TRUE(fetch(0x7FFFFFFF, 0).empty());
     EXPECT_TRUE(fetch(0x7FFFFFFF, 0x7FFFFFFF).empty());
-    EXPECT_EQ(th::logsContaining("refused").size(), 3u) << th::dumpLogs();
+    EXPECT_EQ(th::logsContaining("refused").size(), 5u) << th::dumpLogs();
     fake->setResult("getChannelLogoARGB", 0);
     EXPECT_TRUE(fetch(0, 0).empty());
 }

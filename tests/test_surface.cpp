@@ -5,7 +5,10 @@
 #include <gui/IGraphicBufferProducer.h>
 #include <gui/Surface.h>
 
+#include <atomic>
+#include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "core/PlayerImpl.h"
@@ -133,6 +136,88 @@ TEST_F(Surface, BindsThatCannotGoAheadReportAndHoldNothingNew) {
     EXPECT_EQ(bound.libraryRefs(), 0);
     EXPECT_TRUE(tvdisplay_host::calls().empty()) << "no window opened";
     th::env()->DeleteLocalRef(empty);
+}
+
+TEST_F(Surface, TheLibraryDropsOnlyAReferenceItHolds) {
+    TestSurface s(true, 5);
+    bind(s.managed, 0);
+    ASSERT_EQ(s.libraryRefs(), 1);
+    // The platform lets the native surface go: binding the same Surface again drops the
+    // library's reference and then fails, leaving the old address in the field.
+    th::env()->SetLongField(s.managed, th::fieldId(s.managed, "mNativeObject", "J"), 0);
+    for (int failed = 0; failed < 3; ++failed) {
+        bind(s.managed, 0);
+        EXPECT_EQ(s.libraryRefs(), 0) << "failed bind " << failed;
+    }
+    EXPECT_EQ(th::countLog(E, fatal("setVideoSurface", 2763, kIse)), 3);
+    EXPECT_EQ(heldProducer(), reinterpret_cast<jlong>(s.producer.get())) << "the field keeps it";
+    // Finalisation has nothing left to drop on that producer.
+    th::callV(player, "release", "()V");
+    EXPECT_EQ(s.libraryRefs(), 0);
+    EXPECT_EQ(heldProducer(), reinterpret_cast<jlong>(s.producer.get()));
+}
+
+// Runs `a` and `b` at once on two attached threads, started together.
+void atOnce(const std::function<void()>& a, const std::function<void()>& b) {
+    std::atomic<int> ready{0};
+    auto run = [&](const std::function<void()>& f) {
+        return std::thread([&ready, &f] {
+            th::env();  // attached before the start
+            ready.fetch_add(1);
+            while (ready.load() < 2) std::this_thread::yield();
+            f();
+            th::vm()->DetachCurrentThread();
+        });
+    };
+    std::thread ta = run(a), tb = run(b);
+    ta.join();
+    tb.join();
+}
+
+TEST_F(Surface, BindsAndFinalisationAtOnceDropEachReferenceOnce) {
+    JNIEnv* e = th::env();
+    jobject target = e->NewGlobalRef(player);
+    TestSurface old(true, 10);
+    bind(old.managed, 0);
+    for (int round = 0; round < 200; ++round) {
+        TestSurface a(true, 11), b(true, 12);
+        jobject ga = e->NewGlobalRef(a.managed), gb = e->NewGlobalRef(b.managed);
+        auto bindOn = [&](jobject surface) {
+            th::callV(target, "_setVideoSurface", "(Landroid/view/Surface;I)V", surface, 0);
+        };
+        atOnce([&] { bindOn(ga); }, [&] { bindOn(gb); });
+        // One of the two is bound, with one reference; the field shows it.
+        ASSERT_EQ(a.libraryRefs() + b.libraryRefs(), 1) << "round " << round;
+        ASSERT_TRUE(a.libraryRefs() >= 0 && b.libraryRefs() >= 0) << "round " << round;
+        const TestSurface& held = a.libraryRefs() == 1 ? a : b;
+        ASSERT_EQ(heldProducer(), reinterpret_cast<jlong>(held.producer.get()));
+        ASSERT_EQ(old.libraryRefs(), 0);
+        // Unbound again for the next round: bound to `old`, then released by the next bind.
+        bind(old.managed, 0);
+        ASSERT_EQ(a.libraryRefs() + b.libraryRefs(), 0);
+        e->DeleteGlobalRef(ga);
+        e->DeleteGlobalRef(gb);
+    }
+    // A bind and native_finalize at once, each round on a new player: whichever comes
+    // first, the producer ends with at most the one reference of a bind that finished after
+    // the release, never fewer than none.
+    releasePlayer();
+    for (int round = 0; round < 100; ++round) {
+        jobject local = th::newPlayer();
+        jobject p = e->NewGlobalRef(local);
+        e->DeleteLocalRef(local);
+        TestSurface s(true, 13);
+        jobject gs = e->NewGlobalRef(s.managed);
+        th::callV(p, "_setVideoSurface", "(Landroid/view/Surface;I)V", gs, 0);
+        TestSurface next(true, 14);
+        jobject gn = e->NewGlobalRef(next.managed);
+        atOnce([&] { th::callV(p, "_setVideoSurface", "(Landroid/view/Surface;I)V", gn, 0); },
+               [&] { th::callV(p, "release", "()V"); });
+        ASSERT_EQ(s.libraryRefs(), 0) << "round " << round;
+        ASSERT_TRUE(next.libraryRefs() == 0 || next.libraryRefs() == 1) << "round " << round;
+        for (jobject g : {p, gs, gn}) e->DeleteGlobalRef(g);
+    }
+    e->DeleteGlobalRef(target);
 }
 
 TEST_F(Surface, UnbindClosesTheWindowAndLeavesTheReference) {

@@ -32,6 +32,7 @@ protected:
 
 TEST_F(ValuesPictureAudio, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) {
     th::callV(player, "release", "()V");
+    fake->clearCalls();  // the release's disconnect
     th::clearLogs();
     const char* ipc = "com/vireo/android/tvapi/common/exception/TvIpcException";
     // The managed method, its exported handler, the class it returns and the report.

@@ -7,6 +7,8 @@ std::atomic<int> FakePlayer::sLiveFakes{0};
 FakePlayer::FakePlayer() { sLiveFakes.fetch_add(1); }
 FakePlayer::~FakePlayer() { sLiveFakes.fetch_sub(1); }
 
+void FakePlayer::onDisconnect() { record("disconnect", {}, {}); }
+
 void FakePlayer::setResult(const std::string& op, int64_t value) {
     std::lock_guard<std::mutex> guard(mLock);
     mResults[op] = value;

@@ -78,11 +78,11 @@ ROW(jboolean, saveAtvProgram, ARGS(jint a), TRACE("saveAtvProgram"),
 VOID_ROW(native_setParental, ARGS(jint a), TRACE("native_setParental"),
     p.setParental(a), 1893, TvIpc)
 ROW(jstring, getLanguageCode, NOARGS, TRACE("getLanguageCode"),
-    textFrom(env, [&](String8& t) { p.getLanguageCode(t); }), nullptr, 1910, TvIpc)
+    textFrom(env, "getLanguageCode", [&](String8& t) { p.getLanguageCode(t); }), nullptr, 1910, TvIpc)
 ROW(jboolean, native_setCountry, ARGS(jint a), TRACE("setCountry"),
     bit0(p.setCountry(a)), false, 1929, TvIpc)
 ROW(jstring, getCountryCode, NOARGS, TRACE("getCountryCode"),
-    textFrom(env, [&](String8& t) { p.getCountryCode(t); }), nullptr, 1947, TvIpc)
+    textFrom(env, "getCountryCode", [&](String8& t) { p.getCountryCode(t); }), nullptr, 1947, TvIpc)
 VOID_ROW(enableAutoClock, NOARGS, TRACE("enableAutoClock"),
     p.enableAutoClock(), 1966, TvIpc)
 VOID_ROW(disableAutoClock, NOARGS, TRACE("disableAutoClock"),
@@ -102,7 +102,7 @@ ROW(jboolean, sendMheg5IcsCommand, ARGS(jint a, jshort b), TRACE("sendMheg5IcsCo
 ROW(jboolean, isMheg5Running, NOARGS, TRACE("isMheg5Running"),
     bit0(p.isMheg5Running()), false, 2174, IllegalState)
 ROW(jstring, getMheg5PfgContent, NOARGS, TRACE("getMheg5PfgContent"),
-    textFrom(env, [&](String8& t) { p.getMheg5PfgContent(t); }), nullptr, 2190, TvIpc)
+    textFrom(env, "getMheg5PfgContent", [&](String8& t) { p.getMheg5PfgContent(t); }), nullptr, 2190, TvIpc)
 VOID_ROW(native_setChannelChangeFreezeMode, ARGS(jboolean a), TRACE("setChannelChangeFreezeMode"),
     p.setChannelChangeFreezeMode(asBool(a)), 2209, TvIpc)
 
@@ -179,7 +179,7 @@ ROW(jboolean, enterPassToUnlockUnratedByUser, ARGS(jboolean a),
 ROW(jboolean, enterPassToUnlockByUser, ARGS(jboolean a), TRACE("enterPassToUnlockByUser"),
     bit0(p.enterPassToUnlockByUser(asBool(a))), false, 3205, IllegalState)
 ROW(jstring, getCurrentRatingInformation, NOARGS, TRACE("getCurrentRatingInformation"),
-    textOf(env, p.getCurrentRatingInformation()), nullptr, 3221, IllegalState)
+    textOf(env, "getCurrentRatingInformation", p.getCurrentRatingInformation()), nullptr, 3221, IllegalState)
 ROW(jboolean, native_setAudioMute, ARGS(jint a, jint b), TRACE("native_setAudioMute"),
     bit0(p.setAudioMute(a, b)), false, 3237, IllegalState)
 // Always true; the operation answers nothing.

@@ -20,6 +20,7 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
+#include "core/service_text.h"
 
 #define NOARGS
 #define ARGS(...) , __VA_ARGS__
@@ -94,17 +95,17 @@ inline bool asBool(T v) {
 }
 
 // An out text buffer: an empty String8 handed to the operation, then a new managed string
-// of its characters (an empty text gives an empty string).
+// of its characters (an empty text gives an empty string; see newStringFromService).
 template <typename Op>
-jstring textFrom(JNIEnv* env, Op&& op) {
+jstring textFrom(JNIEnv* env, const char* what, Op&& op) {
     android::String8 text;
     op(text);
-    return env->NewStringUTF(text.c_str());
+    return newStringFromService(env, text.c_str(), what);
 }
 
 // A String8 the operation returns, as a new managed string.
-inline jstring textOf(JNIEnv* env, const android::String8& text) {
-    return env->NewStringUTF(text.c_str());
+inline jstring textOf(JNIEnv* env, const char* what, const android::String8& text) {
+    return newStringFromService(env, text.c_str(), what);
 }
 
 // An out byte: the operation stores one byte and the handler returns it whole. The byte

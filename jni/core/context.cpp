@@ -2,7 +2,9 @@
 // the exported suspend.
 #include "core/context.h"
 
+#include <algorithm>
 #include <thread>
+#include <vector>
 
 #include "core/frame.h"
 #include "core/handlers.h"
@@ -59,6 +61,36 @@ void deleteScanObjects(JNIEnv* env) {
     deleteGlobal(env, gScan.dtv);
 }
 
+// Players that a native_finalize is tearing down, under the global lock. A second
+// native_finalize of the same object, at once on another thread or re-entered from an event
+// the proxy fires inside disconnect(), finds its player here and goes the way a later call
+// does, without a player: the proxy is disconnected once.
+std::vector<const PlayerImpl*>& finalizing() {
+    static std::vector<const PlayerImpl*> players;
+    return players;
+}
+
+// The frame's acquisition for native_finalize: the object's player, unless it has none or
+// another native_finalize already has it.
+android::sp<PlayerImpl> claimPlayerToFinalize(JNIEnv* env, jobject thiz) {
+    if (gPlayerFields.context == nullptr) return nullptr;  // before native_init
+    android::sp<PlayerImpl> player;
+    GlobalLockGuard guard;
+    auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
+    auto& claimed = finalizing();
+    if (p != nullptr && std::find(claimed.begin(), claimed.end(), p) == claimed.end()) {
+        claimed.push_back(p);
+        player = p;
+    }
+    return player;  // a player is never released here: the field still holds it
+}
+
+void finalized(const PlayerImpl* player) {
+    GlobalLockGuard guard;
+    auto& claimed = finalizing();
+    claimed.erase(std::find(claimed.begin(), claimed.end(), player));
+}
+
 }  // namespace
 }  // namespace pij
 
@@ -78,6 +110,11 @@ PIJ_EXPORT void PIJ_IMPL(native_init)(JNIEnv* env, jobject /*clazz*/) {
 
 PIJ_EXPORT void PIJ_IMPL(native_setup)(JNIEnv* env, jobject thiz, jobject weakThis) {
     ALOGD("native_setup");
+    // Out of order: without the fields native_init caches there is nowhere to keep a player.
+    if (gPlayerFields.context == nullptr) {
+        ALOGE("native_setup before native_init: no player is set up");
+        return;
+    }
     android::sp<PlayerImpl> player = PlayerImpl::connect();
     if (player == nullptr) {
         reportFatal(__func__, 1260, Exc::Runtime);
@@ -95,7 +132,7 @@ PIJ_EXPORT void PIJ_IMPL(native_finalize)(JNIEnv* env, jobject thiz) {
     ALOGD("native_finalize");
     releaseVideoSurface(env, thiz);
 
-    android::sp<PlayerImpl> player = acquirePlayer(env, thiz);
+    android::sp<PlayerImpl> player = claimPlayerToFinalize(env, thiz);
     if (player == nullptr) {
         reportFatal(__func__, 1296, Exc::TvIpc);
         return;
@@ -106,12 +143,15 @@ PIJ_EXPORT void PIJ_IMPL(native_finalize)(JNIEnv* env, jobject thiz) {
         old->setListener(nullptr);
     }
     deleteScanObjects(env);
+    finalized(player.get());
 }
 
 // For other native code of the system: forget the player without disconnecting it. The
 // field's strong reference is kept on purpose, so the proxy and its listener stay alive.
 PIJ_EXPORT void suspend(JNIEnv* env, jobject thiz) {
     ALOGD("playerimpl suspend");
-    env->SetLongField(thiz, gPlayerFields.context, 0);
+    if (gPlayerFields.context != nullptr) {  // before native_init there is no player to forget
+        env->SetLongField(thiz, gPlayerFields.context, 0);
+    }
     deleteScanObjects(env);
 }

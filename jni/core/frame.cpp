@@ -27,6 +27,9 @@ GlobalLock gLock;
 
 }  // namespace
 
+GlobalLockGuard::GlobalLockGuard() { gLock.lock(); }
+GlobalLockGuard::~GlobalLockGuard() { gLock.unlock(); }
+
 const char* exceptionPath(Exc cls) {
     switch (cls) {
         case Exc::TvIpc:
@@ -52,6 +55,9 @@ void reportFatal(const char* function, int line, Exc cls) {
 }
 
 android::sp<PlayerImpl> acquirePlayer(JNIEnv* env, jobject thiz) {
+    // Before native_init there is no context field id to read through: no player, as with a
+    // field that holds 0 (reading through a null id ends the process on the device).
+    if (gPlayerFields.context == nullptr) return nullptr;
     gLock.lock();
     auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
     android::sp<PlayerImpl> holder(p);  // strong reference taken with the holder as id

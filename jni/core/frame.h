@@ -39,7 +39,18 @@ struct Site {
 
 inline void reportFatal(const Site& site) { reportFatal(site.function, site.line, site.cls); }
 
-// Steps 2 to 5 of the frame: lock, read mNativeContext, reference, unlock.
+// Holds the library's one global lock for its scope. Nothing is logged, no player is called
+// and no managed object is built while it is held.
+class GlobalLockGuard {
+public:
+    GlobalLockGuard();
+    ~GlobalLockGuard();
+    GlobalLockGuard(const GlobalLockGuard&) = delete;
+    GlobalLockGuard& operator=(const GlobalLockGuard&) = delete;
+};
+
+// Steps 2 to 5 of the frame: lock, read mNativeContext, reference, unlock. Before
+// native_init has cached the field, every object is without a player.
 android::sp<PlayerImpl> acquirePlayer(JNIEnv* env, jobject thiz);
 
 // Replaces the proxy held by the managed object and returns the previous one.

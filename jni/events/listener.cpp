@@ -143,7 +143,11 @@ JNIVSrvListener::JNIVSrvListener(JNIEnv* env, jobject thiz, jobject weakThis) {
 
 JNIVSrvListener::~JNIVSrvListener() {
     JNIEnv* env = attach("~JNIVSrvListener", 433);
+    // On a service thread an exception from the last post may still be pending; deleting
+    // references is allowed with it pending, and it stays for the next event to clear. The
+    // look is for the workstation VM's checker, which wants one after every post.
     if (env != nullptr) {
+        (void)env->ExceptionCheck();
         if (mObject != nullptr) env->DeleteGlobalRef(mObject);
         if (mClass != nullptr) env->DeleteGlobalRef(mClass);
     }
@@ -157,22 +161,54 @@ JNIEnv* JNIVSrvListener::attach(const char* op, int line) const {
     return env;
 }
 
+JNIEnv* JNIVSrvListener::beginEvent(const char* op, int line) const {
+    JNIEnv* env = attach(op, line);
+    if (env != nullptr && env->ExceptionCheck()) {
+        clearStaleException(env);
+    }
+    return env;
+}
+
+// An exception the managed listener threw from an earlier post is still pending on this
+// service thread (nothing looks at it after the post). Every JNI call made with it pending
+// would be an error, and the device's runtime aborts the process on the first under
+// CheckJNI: it is named in a WARN line and cleared before this event makes any other call.
+void JNIVSrvListener::clearStaleException(JNIEnv* env) {
+    jthrowable pending = env->ExceptionOccurred();
+    env->ExceptionClear();
+    jclass cls = env->GetObjectClass(pending);
+    jclass classClass = env->FindClass("java/lang/Class");
+    jmethodID getName = classClass != nullptr
+                            ? env->GetMethodID(classClass, "getName", "()Ljava/lang/String;")
+                            : nullptr;
+    auto name =
+        getName != nullptr ? static_cast<jstring>(env->CallObjectMethod(cls, getName)) : nullptr;
+    env->ExceptionClear();  // a failure to name it is not worth more than "unknown"
+    const char* chars = name != nullptr ? env->GetStringUTFChars(name, nullptr) : nullptr;
+    ALOGW("An earlier event's listener left %s pending on this thread; cleared",
+          chars != nullptr ? chars : "an exception");
+    if (chars != nullptr) env->ReleaseStringUTFChars(name, chars);
+    env->DeleteLocalRef(name);
+    env->DeleteLocalRef(classClass);
+    env->DeleteLocalRef(cls);
+    env->DeleteLocalRef(pending);
+}
+
 // Without an environment there is nobody to post to: the attach line has been written and
 // the event ends here rather than calling through a null environment.
 void JNIVSrvListener::post(JNIEnv* env, jint code, jint ext1, jint ext2, jobject obj) const {
     if (env == nullptr || mClass == nullptr) {
         return;
     }
+    // An exception the managed listener throws stays pending on this thread; the next event
+    // on it clears it first (beginEvent).
     env->CallStaticVoidMethod(mClass, gPlayerFields.postEvent, mObject, code, ext1, ext2, obj);
-    // Only looked at, never cleared: an exception of the managed listener stays pending on
-    // this thread. The look keeps the runtime's JNI checker content.
-    (void)env->ExceptionCheck();
 }
 
 void JNIVSrvListener::notify(int /*msg*/, const android::Parcel& /*obj*/) {}
 
 void JNIVSrvListener::notify(int msg, int ext1, int ext2, jobject obj) {
-    JNIEnv* env = attach("notify", 448);
+    JNIEnv* env = beginEvent("notify", 448);
     const Dispatch* row = lookup(kNotifyTable, msg);
     if (row == nullptr) {
         ALOGE("Unknown event '%#x'", msg);
@@ -184,7 +220,7 @@ void JNIVSrvListener::notify(int msg, int ext1, int ext2, jobject obj) {
 
 void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Parcel* /*obj*/) {
     ALOGE("notifyCB event = %d\n", event);
-    JNIEnv* env = attach("notifyCB", 645);
+    JNIEnv* env = beginEvent("notifyCB", 645);
     const Dispatch* row = lookup(kNotifyCBTable, event);
     if (row == nullptr) {
         ALOGE("Unknown event '%#x'", event);
@@ -194,10 +230,10 @@ void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Par
     post(env, eventCode(row->code), ext1, ext2, nullptr);
 }
 
-#define PIJ_DECLARE_SIMPLE(handler, code)                                  \
-    void JNIVSrvListener::handler(int ext1, int ext2) {                    \
-        ALOGD(#handler);                                                   \
-        post(attach("notify", 448), eventCode(code), ext1, ext2, nullptr); \
+#define PIJ_DECLARE_SIMPLE(handler, code)                                      \
+    void JNIVSrvListener::handler(int ext1, int ext2) {                        \
+        ALOGD(#handler);                                                       \
+        post(beginEvent("notify", 448), eventCode(code), ext1, ext2, nullptr); \
     }
 #include "events/simple_events.def"
 #undef PIJ_DECLARE_SIMPLE
@@ -219,7 +255,7 @@ void JNIVSrvListener::PostEvent_ScreenSaverMode(int ext1, int ext2) {
 
 void JNIVSrvListener::PostEvent_OadHandler(int ext1, int ext2) {
     ALOGD("PostEvent_OadHandler ext1 = %d, ext2 = %d", ext1, ext2);
-    post(attach("notify", 448), eventCode(EOAD_HANDLER), ext1, ext2, nullptr);
+    post(beginEvent("notify", 448), eventCode(EOAD_HANDLER), ext1, ext2, nullptr);
 }
 
 void JNIVSrvListener::PostEvent_SnServiceDeadth(int /*ext1*/, int /*ext2*/) {}

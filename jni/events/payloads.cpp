@@ -12,6 +12,7 @@
 
 #include "core/context.h"
 #include "core/log.h"
+#include "core/service_text.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
 #include "marshal/value_classes.h"
@@ -40,27 +41,27 @@ namespace {
 // ---- Managed value classes, with the fields this file sets, in the order it sets them ----
 
 const ManagedClass kAtvEventScan{"com/vireo/android/tvapi/atv/vo/AtvEventScan",
-                              {{"percent", "S"},
-                               {"frequencyKHz", "I"},
-                               {"scannedChannelNum", "S"},
-                               {"curScannedChannel", "S"},
-                               {"bIsScaningEnable", "Z"}}};
+                                 {{"percent", "S"},
+                                  {"frequencyKHz", "I"},
+                                  {"scannedChannelNum", "S"},
+                                  {"curScannedChannel", "S"},
+                                  {"bIsScaningEnable", "Z"}}};
 PIJ_REGISTER_VALUE_CLASS(kAtvEventScan);
 enum AtvField { kPercent, kFrequencyKHz, kScannedChannelNum, kCurScannedChannel, kScanEnable };
 
 const ManagedClass kDtvEventScan{"com/vireo/android/tvapi/dtv/vo/DtvEventScan",
-                              {{"scanStatus", "I"},
-                               {"currRFCh", "S"},
-                               {"scanPercentageNum", "S"},
-                               {"dtvSrvCount", "S"},
-                               {"radioSrvCount", "S"},
-                               {"dataSrvCount", "S"},
-                               {"signalQuality", "S"},
-                               {"signalStrength", "S"},
-                               {"currFrequency", "I"},
-                               {"userData", "I"},
-                               {"isVHF", "Z"},
-                               {"rfSignalName", "Ljava/lang/String;"}}};
+                                 {{"scanStatus", "I"},
+                                  {"currRFCh", "S"},
+                                  {"scanPercentageNum", "S"},
+                                  {"dtvSrvCount", "S"},
+                                  {"radioSrvCount", "S"},
+                                  {"dataSrvCount", "S"},
+                                  {"signalQuality", "S"},
+                                  {"signalStrength", "S"},
+                                  {"currFrequency", "I"},
+                                  {"userData", "I"},
+                                  {"isVHF", "Z"},
+                                  {"rfSignalName", "Ljava/lang/String;"}}};
 PIJ_REGISTER_VALUE_CLASS(kDtvEventScan);
 enum DtvField {
     kScanStatus,
@@ -78,7 +79,7 @@ enum DtvField {
 };
 
 const ManagedClass kHbbtvEventInfo{"com/vireo/android/tvapi/common/vo/HbbtvEventInfo",
-                                {{"eEvent", "I"}, {"param", "[I"}}};
+                                   {{"eEvent", "I"}, {"param", "[I"}}};
 PIJ_REGISTER_VALUE_CLASS(kHbbtvEventInfo);
 enum HbbtvField { kEEvent, kParam };
 constexpr int kHbbtvParams = 10;
@@ -163,7 +164,7 @@ const AtvKindInfo& atvKind(AtvScanKind kind) {
 void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvScanKind kind) {
     const AtvKindInfo& k = atvKind(kind);
     ALOGD("%s", k.name);
-    JNIEnv* env = listener.attach(k.name, k.attachLine);
+    JNIEnv* env = listener.beginEvent(k.name, k.attachLine);
     const AtvValues v = readAtv(p);
     ALOGD("%s: %d, %d, %d, %d, %d", k.progress, v.percent, v.frequencyKHz, v.scannedChannelNum,
           v.curScannedChannel, v.scanEnable ? 1 : 0);
@@ -190,7 +191,7 @@ void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvS
 
 void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
     ALOGD("PostEvent_DtvAutoTuning");
-    JNIEnv* env = listener.attach("PostEvent_DtvAutoTuning", 768);
+    JNIEnv* env = listener.beginEvent("PostEvent_DtvAutoTuning", 768);
     DtvEventScanRec rec;
     rec.scanStatus = static_cast<uint32_t>(p.readInt32());
     rec.currRFCh = static_cast<uint8_t>(p.readInt32());
@@ -230,7 +231,8 @@ void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
         env->SetIntField(obj, ids[kCurrFrequency], static_cast<jint>(rec.currFrequency));
         env->SetIntField(obj, ids[kUserData], static_cast<jint>(rec.userData));
         env->SetBooleanField(obj, ids[kIsVHF], rec.isVHF ? JNI_TRUE : JNI_FALSE);
-        jstring name = env->NewStringUTF(rec.rfSignalName.c_str());
+        jstring name =
+            newStringFromService(env, rec.rfSignalName.c_str(), "PostEvent_DtvAutoTuning");
         env->SetObjectField(obj, ids[kRfSignalName], name);
         env->DeleteLocalRef(name);
         listener.post(listener.attach("notify", 448), eventCode(EDTV_AUTO_TUNING_SCAN_INFO), 0,
@@ -242,7 +244,7 @@ void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
 // No "finalized" guard here: the object is new for every event, not a shared one.
 void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
     ALOGD("PostEvent_HbbtvEvent");
-    JNIEnv* env = listener.attach("PostEvent_HbbtvEvent", 862);
+    JNIEnv* env = listener.beginEvent("PostEvent_HbbtvEvent", 862);
     const jint event = p.readInt32();
     jint params[kHbbtvParams];
     for (jint& v : params) {

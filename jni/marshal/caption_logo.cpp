@@ -3,6 +3,8 @@
 // with the sizes in front.
 #include "marshal/caption_logo.h"
 
+#include <cstdint>
+
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
@@ -109,13 +111,14 @@ PIJ_EXPORT jintArray PIJ_IMPL(getChannelLogoARGB)(JNIEnv* env, jobject thiz) {
         int32_t a = 0;
         int32_t b = 0;
         if (pij::bit0(p.getChannelLogoARGB(pixels, kLogoCapacity, &a, &b)) == 0) return nullptr;
-        // Out of contract: the player must keep (A + 1) x B within the buffer. A size that
-        // is negative or larger than the buffer (worked out in 64 bits, so it cannot wrap)
-        // is refused with an ERROR line and a null result, as a failed call would give;
-        // no word past the buffer is ever read.
+        // Out of contract: the player must keep (A + 1) x B within the buffer. A negative A
+        // or B (whose product can still look small), an A + 1 that does not fit the header's
+        // int, or a size larger than the buffer (worked out in 64 bits, so it cannot wrap)
+        // is refused with an ERROR line and a null result, as a failed call would give; no
+        // word past the buffer is ever read.
         int64_t width = static_cast<int64_t>(a) + 1;
         int64_t pixelCount = width * static_cast<int64_t>(b);
-        if (pixelCount < 0 || pixelCount > kLogoCapacity) {
+        if (a < 0 || b < 0 || width > INT32_MAX || pixelCount > kLogoCapacity) {
             ALOGE("getChannelLogoARGB: logo size %lld x %d outside the %d-word buffer, refused",
                   static_cast<long long>(width), b, kLogoCapacity);
             return nullptr;

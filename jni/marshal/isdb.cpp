@@ -9,6 +9,7 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
+#include "core/service_text.h"
 #include "marshal/parcels.h"
 #include "marshal/value_classes.h"
 
@@ -149,7 +150,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getUserLocationInfo)(JNIEnv* env, jobject thiz, jint
         // Signed 16-bit in the record: western and southern values stay negative.
         env->SetIntField(b.obj, b.ids[kLongitude], rec.longitude);
         env->SetIntField(b.obj, b.ids[kLatitude], rec.latitude);
-        jstring name = env->NewStringUTF(rec.locationName.c_str());
+        jstring name =
+            pij::newStringFromService(env, rec.locationName.c_str(), "getUserLocationInfo");
         env->SetObjectField(b.obj, b.ids[kLocationName], name);
         env->DeleteLocalRef(name);
         env->DeleteLocalRef(b.cls);

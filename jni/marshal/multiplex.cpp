@@ -4,6 +4,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/service_text.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -121,8 +122,9 @@ PIJ_EXPORT jobject PIJ_IMPL(getRFInfo)(JNIEnv* env, jobject thiz, jint type, jin
                                const pij::FieldIds ids = pij::lookupFields(env, cls, kRfInfo);
                                jobject obj = env->AllocObject(cls);
                                pij::copyFields(env, obj, ids, kRfRows, rec);
-                               env->SetObjectField(obj, ids[kRfName],
-                                                   env->NewStringUTF(rec.rfName.c_str()));
+                               env->SetObjectField(
+                                   obj, ids[kRfName],
+                                   pij::newStringFromService(env, rec.rfName.c_str(), "getRFInfo"));
                                return obj;
                            });
 }

@@ -4,6 +4,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/service_text.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -140,8 +141,10 @@ PIJ_EXPORT jobject PIJ_IMPL(getCurrentSignalInformation)(JNIEnv* env, jobject th
                                pij::FieldIds ids;
                                jobject obj = build(env, kSignalInfo, kSignalRows, rec, &ids);
                                // An empty name gives an empty string, never null.
-                               env->SetObjectField(obj, ids[kNetName],
-                                                   env->NewStringUTF(rec.networkName.c_str()));
+                               env->SetObjectField(
+                                   obj, ids[kNetName],
+                                   pij::newStringFromService(env, rec.networkName.c_str(),
+                                                             "getCurrentSignalInformation"));
                                return obj;
                            });
 }

@@ -9,6 +9,7 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
+#include "core/service_text.h"
 #include "marshal/value_classes.h"
 
 namespace {
@@ -276,7 +277,7 @@ PIJ_EXPORT jobject PIJ_IMPL(getSatelliteInfo)(JNIEnv* env, jobject thiz, jint in
         p.getSatelliteInfo(index, rec);
         jobject obj = env->AllocObject(l.cls);
         recordToObject(env, kSatelliteSlots, l, obj, &rec);
-        jstring name = env->NewStringUTF(rec.satName.c_str());
+        jstring name = pij::newStringFromService(env, rec.satName.c_str(), "getSatelliteInfo");
         env->SetObjectField(obj, l.ids[kSatName], name);
         env->DeleteLocalRef(name);
         env->DeleteLocalRef(l.cls);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cinttypes>
+#include <map>
 
 #include "core/context.h"
 #include "core/frame.h"
@@ -29,6 +30,38 @@ VTvDisaplyImpl* display() {
     return sDisplay;
 }
 
+// The producers the library holds a strong reference on, one per managed player object,
+// keyed by the player the object had when it bound. mNativeSurfaceTexture shows the managed
+// side the address of the newest bound producer and keeps it after a failed bind or a
+// release; this record is what says whether a reference is still held. A reference is
+// dropped only by taking it out of here, under the global lock, so each one is dropped
+// exactly once: after a failed bind, after several, when two binds or a bind and
+// native_finalize run at once. (Dropping again whatever address the field shows would free
+// a producer the library no longer holds.)
+using Producer = android::IGraphicBufferProducer;
+std::map<const PlayerImpl*, Producer*>& heldProducers() {
+    static std::map<const PlayerImpl*, Producer*> held;
+    return held;
+}
+
+// Under the global lock: makes `next` (or nothing) the producer held for `player`, and
+// returns the one held before, whose reference the caller now owns and drops.
+Producer* exchangeHeldProducer(const PlayerImpl* player, Producer* next) {
+    auto& held = heldProducers();
+    auto it = held.find(player);
+    Producer* previous = it == held.end() ? nullptr : it->second;
+    if (next != nullptr) {
+        held[player] = next;
+    } else if (it != held.end()) {
+        held.erase(it);
+    }
+    return previous;
+}
+
+void dropHeldReference(Producer* producer) {
+    if (producer != nullptr) producer->decStrong(producerRefId());
+}
+
 }  // namespace
 
 void releaseVideoSurface(JNIEnv* env, jobject thiz) {
@@ -36,11 +69,13 @@ void releaseVideoSurface(JNIEnv* env, jobject thiz) {
     if (player == nullptr) {
         return;
     }
-    jlong producer = env->GetLongField(thiz, gPlayerFields.surfaceTexture);
-    if (producer != 0) {
-        // The field keeps its value; the next bind overwrites it.
-        reinterpret_cast<android::IGraphicBufferProducer*>(producer)->decStrong(producerRefId());
+    Producer* held = nullptr;
+    {
+        GlobalLockGuard guard;
+        held = exchangeHeldProducer(player.get(), nullptr);
     }
+    // mNativeSurfaceTexture keeps its value; the next bind overwrites it.
+    dropHeldReference(held);
 }
 
 }  // namespace pij
@@ -90,10 +125,18 @@ PIJ_EXPORT void PIJ_IMPL(setVideoSurface)(JNIEnv* env, jobject thiz, jobject sur
         pij::reportFatal(__func__, pij::kLineSetSurfaceNoProducer, pij::Exc::IllegalState);
         return;
     }
-    // Held on the field's behalf until the next release step.
+    // Held on the field's behalf until the next release step. A bind running at the same
+    // time on the same object may have bound its producer since our release step: that
+    // one's reference is dropped here, so the object ends with one held reference.
     producer->incStrong(pij::producerRefId());
-    env->SetLongField(thiz, pij::gPlayerFields.surfaceTexture,
-                      reinterpret_cast<jlong>(producer.get()));
+    pij::Producer* displaced = nullptr;
+    {
+        pij::GlobalLockGuard guard;
+        displaced = pij::exchangeHeldProducer(player.get(), producer.get());
+        env->SetLongField(thiz, pij::gPlayerFields.surfaceTexture,
+                          reinterpret_cast<jlong>(producer.get()));
+    }
+    pij::dropHeldReference(displaced);
 
     native->getUniqueId(&surfaceId);
     int32_t windowId = display->openTvDisplay(native, static_cast<WIN_DEV>(wtype), false);

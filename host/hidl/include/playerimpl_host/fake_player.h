@@ -49,6 +49,9 @@ public:
 
     static int liveFakes() { return sLiveFakes.load(); }
 
+    // disconnect() is recorded (and runs its hook) as the operation "disconnect".
+    void onDisconnect() override;
+
 #include "playerimpl_host/fake_player_ops.inc"
 
 private:
