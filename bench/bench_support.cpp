@@ -156,8 +156,10 @@ public:
     void Finalize() override {
         ConsoleReporter::Finalize();
         const auto& got = mMedian.empty() ? mSingle : mMedian;
-        printf("\nPer call, %s; the library's ratio to each floor (wall, cpu):\n",
-               mMedian.empty() ? "one run" : "median of the repetitions");
+        if (!mRatios.empty()) {
+            printf("\nPer call, %s; the library's ratio to each floor (wall, cpu):\n",
+                   mMedian.empty() ? "one run" : "median of the repetitions");
+        }
         for (const Ratio& ratio : mRatios) {
             for (int64_t threads : {1, 2}) {
                 auto lib = got.find({ratio.library, threads});
