@@ -77,4 +77,22 @@ if [ "$status" -eq 0 ]; then
 else
   echo "layout: FAILED"
 fi
+
+# ---- the AArch64 substitutes' binary interface, read from this machine ----
+# playerimpl-abi-check only reads the files, so the x86-64 build of it checks the AArch64
+# libraries: every import of the library is exported, every slot holds its operation.
+if ! dpkg-query -W -f='${Status}' libelf-dev 2>/dev/null | grep -q 'install ok installed'; then
+  $SUDO apt-get update -qq
+  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq libelf-dev >/dev/null
+fi
+cmake --build "$HOST_BUILD_DIR" -j"$(nproc)" --target playerimpl-abi-check
+abi_status=0
+"$HOST_BUILD_DIR/bin/playerimpl-abi-check" "$CROSS_BUILD_DIR/lib/libPlayerImpl_hidl.so" \
+  "$CROSS_BUILD_DIR/lib/libtvdisplay.so" --library "$CROSS_BUILD_DIR/lib/libplayerimpl_jni.so" \
+  >"$out/abi.txt" || abi_status=$?
+grep -v '^INFO ' "$out/abi.txt" | sed 's/^/abi aarch64: /'
+if [ "$abi_status" -ne 0 ]; then
+  echo "abi: the AArch64 substitutes do not match our headers (status $abi_status)"
+  status=1
+fi
 exit "$status"

@@ -13,6 +13,7 @@
 // match but the proxy's table could not be read, so the slots are unchecked.
 #include <unistd.h>
 
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <cstring>
