@@ -12,6 +12,7 @@
 #include <string>
 
 #include "core/PlayerImpl.h"
+#include "core/context.h"
 #include "core/handlers.h"
 #include "native_report.h"
 
@@ -81,6 +82,10 @@ namespace native_report {
 void reportKeys() {
     FakeEnv fake;
     JNIEnv* env = &fake.env;
+    // As if native_init had run: the handlers read the context field through this id (the
+    // hand-made GetLongField ignores it).
+    static int contextField;
+    pij::gPlayerFields.context = reinterpret_cast<jfieldID>(&contextField);
     android::sp<KeyRecorder> player = new KeyRecorder;
     gPlayerAddress = reinterpret_cast<jlong>(player.get());
 

@@ -8,6 +8,7 @@
 #include <map>
 #include <mutex>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "playerimpl_host/host_player.h"
@@ -52,9 +53,17 @@ public:
     // disconnect() is recorded (and runs its hook) as the operation "disconnect".
     void onDisconnect() override;
 
-#include "playerimpl_host/fake_player_ops.inc"
+#define PIJ_PLAYER_OP(result, name, parameters, arguments) result name parameters override;
+#define PIJ_PLAYER_PLACEHOLDER(name) void name() override;
+#include "core/player_operations.def"
+#undef PIJ_PLAYER_OP
+#undef PIJ_PLAYER_PLACEHOLDER
 
 private:
+    template <typename R, typename... P, typename... A>
+    R answer(R (PlayerImpl::*op)(P...), const char* name, std::tuple<A&...> args);
+    template <typename A>
+    void writeText(A& arg, const char* op) const;
     int64_t record(const char* op, std::vector<int64_t> args, std::vector<void*> outs);
     android::String8 text(const char* op) const;
 
