@@ -55,13 +55,13 @@ DeclaredTable declaredProxy() {
     using service_slots::slotOf;
     DeclaredTable table{"PlayerImpl", tableSymbol("PlayerImpl"), 0, {}, false};
     long next = 0;
-#define GAP(n) next += (n);
-#define OP(name)                \
-    table.operations.push_back( \
+#define PIJ_PLAYER_PLACEHOLDER(name) ++next;
+#define PIJ_PLAYER_OP(result, name, parameters, arguments) \
+    table.operations.push_back(                            \
         {slotOf(&PlayerImpl::name), next++, #name, paramsOf(&PlayerImpl::name)});
-    PIJ_PROXY_SLOTS(OP, GAP)
-#undef OP
-#undef GAP
+#include "core/player_operations.def"
+#undef PIJ_PLAYER_OP
+#undef PIJ_PLAYER_PLACEHOLDER
     finish(table, slotOf(&service_slots::ProxyProbe::probe));
     return table;
 }

@@ -149,21 +149,25 @@ void reportRecords() {
 
 using service_slots::slotOf;
 
-// One row per operation in the service's order (service_slots.h); a gap row stands for
-// operations this library never calls. The expected slot of a row is its position in the list.
+// One row per operation in the service's order (player_operations.def, service_slots.h); a
+// gap row stands for an operation this library never calls. The expected slot of a row is its
+// position in the list.
 struct SlotRow {
     const char* name;  // nullptr for a gap
     long actual;       // gap rows: the number of slots skipped
 };
 
-#define GAP(n) SlotRow{nullptr, n},
-#define P(name) SlotRow{#name, slotOf(&PlayerImpl::name)},
-const SlotRow kProxySlots[] = {PIJ_PROXY_SLOTS(P, GAP)};
-#undef P
+#define PIJ_PLAYER_OP(result, name, parameters, arguments) \
+    SlotRow{#name, slotOf(&PlayerImpl::name)},
+#define PIJ_PLAYER_PLACEHOLDER(name) SlotRow{nullptr, 1},
+const SlotRow kProxySlots[] = {
+#include "core/player_operations.def"
+};
+#undef PIJ_PLAYER_OP
+#undef PIJ_PLAYER_PLACEHOLDER
 #define L(name) SlotRow{#name, slotOf(&PlayerImplListener::name)},
 const SlotRow kListenerSlots[] = {PIJ_LISTENER_SLOTS(L)};
 #undef L
-#undef GAP
 
 using service_slots::ListenerProbe;
 using service_slots::ProxyProbe;

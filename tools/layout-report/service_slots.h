@@ -2,9 +2,9 @@
 // interface it calls (PlayerImplListener), and the way to read an operation's slot from the
 // compiler. Shared by the layout report and the ABI check, so the order is written down once.
 //
-// Each list is an X-macro: OP(name) is the next operation, GAP(n) stands for n operations this
-// library never calls (the placeholders slotNN_unused of core/PlayerImpl.h). The expected slot
-// of an operation is its position in its list; the destructor pair follows the last one.
+// The proxy's order is core/player_operations.def, which declares the class too; the
+// listener's is the X-macro below, OP(name) for the next operation. The expected slot of an
+// operation is its position in its list; the destructor pair follows the last one.
 #pragma once
 
 #include <cstdint>
@@ -46,54 +46,7 @@ struct ListenerProbe : PlayerImplListener {
 
 }  // namespace service_slots
 
-// The proxy, as the service documents its table.
 // clang-format off
-#define PIJ_PROXY_SLOTS(OP, GAP) \
-    GAP(13) \
-    OP(startPcModeAtuoTune) OP(closeTeletext) OP(stopCc) OP(getAspectRatio) OP(getPhaseRange) \
-    OP(getVideoInfo) OP(getVideoStandard) OP(getVideoStandardDetectionState) OP(doesCcExist) \
-    OP(isHdmiMode) OP(isSignalStable) OP(hasTeletextSignal) OP(hasTeletextClockSignal) \
-    OP(isTeletextDisplayed) OP(isTeletextSubtitleChannel) OP(openTeletext) OP(sendTeletextCommand) \
-    OP(setTeletextLanguageGroup) OP(openPAT) OP(setHPosition) OP(setPhase) OP(setSize) OP(setVPosition) \
-    OP(startCc) OP(setMirror) OP(disableAutoScartOut) OP(enableAutoScartOut) OP(sendMheg5Command) \
-    OP(sendMheg5IcsCommand) OP(isMheg5Running) OP(initOfflineDetection) OP(detectInputSource) \
-    OP(setHdmiGpio) OP(setCcMode) OP(getCcMode) OP(getAirChannelType) \
-    GAP(1) \
-    OP(exitPreviewCCWin) OP(createPreviewCCWin) OP(drawPreviewCCWin) OP(disableAft) OP(enableAft) \
-    OP(initAtvVif) OP(isAftEnabled) OP(saveAtvProgram) OP(setChannelChangeFreezeMode) \
-    OP(startAutoStandardDetection) OP(forceVideoStandard) OP(getAudioInfo) OP(getRfInfo) \
-    OP(playCurrentProgram) OP(setManualTuneByFreq) OP(setManualTuneByRf) OP(changeManualScanRF) \
-    OP(switchAudioTrack) OP(setAudioMode) OP(getEWSInfo) OP(getAudioInfo_ex) OP(getCurrentMuxInfo) \
-    OP(getDtvRouteCount) OP(getMuxInfoByProgramNumber) OP(setDtvRoute) OP(setFavoriteRegion) \
-    OP(switchDtvRoute) OP(unlockChannel) OP(getCountryCode) OP(setCountry) OP(setParental) \
-    OP(getLanguageCode) OP(enableAutoClock) OP(disableAutoClock) OP(getMheg5PfgContent) \
-    OP(setTimeZone) OP(setDebugMode) OP(getCurrentSignalInformation) OP(getNitFrequencyByDtvRegion) \
-    OP(getChinaDvbcRegion) OP(setChinaDvbcRegion) OP(changeSetting) \
-    GAP(2) \
-    OP(setUserLocationCode) OP(getUserLocationCode) \
-    GAP(2) \
-    OP(getAntennaType) OP(autostartApplication) OP(startApplication) OP(stopApplication) \
-    OP(enableGinga) OP(disableGigna) OP(isGingaEnabled) OP(isGingaRunning) OP(processKey) \
-    GAP(1) \
-    OP(setCurrentEventStatus) OP(getCurrentEventStatus) OP(getChannelLogoARGB) OP(getEWBSInfo) \
-    OP(setEWBSOpInfo) OP(getEWBSOpInfo) OP(setVChipGuideline) \
-    GAP(3) \
-    OP(getEASInProgress) OP(getCurrentVChipBlockStatus) OP(enterPassToUnlockUnratedByUser) \
-    OP(enterPassToUnlockByUser) OP(getCurrentRatingInformation) OP(setAudioMute) \
-    OP(getRRTInformation) OP(resetRrtInformation) OP(atsc_setAntennaType) OP(getDTVDemodVersion) \
-    OP(getDemodDVBTInfo) OP(getDemodDVBCInfo) OP(setAutoSync) OP(getLogoData) \
-    OP(getVChipRatingInfo) OP(getCurrentSatelliteCount) OP(getSatelliteInfo) \
-    OP(getCurrentSatelliteNumber) OP(setCurrentSatelliteNumber) OP(getTransponderCount) \
-    OP(getCurrentTransponderNumber) OP(setCurrentTransponderNumber) OP(getTransponderInfo) \
-    OP(updateSatelliteInfo) OP(updateTransponderInfo) OP(addSatelliteInfo) OP(addTransponderInfo) \
-    OP(deleteSatelliteInfo) OP(deleteTransponderInfo) OP(verifySlotFrequency) \
-    OP(setDishLNBPowerMode) OP(setDish22KMode) OP(setDishToneburstMode) OP(setDiSEqCSwitchPort) \
-    OP(sendDiSEqCMotorCommand) OP(getUserLocationCount) OP(getUserLocationInfo) \
-    OP(setProgramSortByType) \
-    GAP(6) \
-    OP(getHdmiEdidVersionBySource) OP(setHdmiEdidVersionBySource) OP(getAllBISSProgramInfo) \
-    OP(setProgramBISSKeyByNumber) OP(clearProgramBISSKeyByNumber)
-
 // The callback interface, in the service's declaration order.
 #define PIJ_LISTENER_SLOTS(OP) \
     OP(notify) OP(notifyCB) OP(PostEvent_ChannelNameReady) OP(PostEvent_AtvAutoTuning) \
