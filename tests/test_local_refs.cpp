@@ -85,8 +85,8 @@ class LocalRefs : public th::PlayerTest {
 protected:
     // This service thread's live local references, counted on the thread itself.
     static long ownCount() {
-        JNIEnv* e = th::env();
-        return th::liveLocalRefs(th::vm(), th::currentThreadId(e));
+        const jlong id = th::currentThreadId(th::env());
+        return id < 0 ? -1 : th::liveLocalRefs(th::vm(), id);
     }
 
     // Fires `n` events of every kind on service thread 0 and returns its local references

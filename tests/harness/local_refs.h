@@ -51,9 +51,12 @@ inline jvmtiEnv* jvmti(JavaVM* vm) {
 
 }  // namespace local_refs_detail
 
-// The id JVMTI reports for the calling thread (java.lang.Thread's getId()). Makes no local
-// reference that outlives the call.
+// The id JVMTI reports for the calling thread (java.lang.Thread's getId()), or -1. Makes no
+// local reference that outlives the call. On a service thread right after an event the look at
+// pending exceptions comes first (the checked VM wants one after every post); one left pending
+// by a managed listener is not this function's to clear, so it answers -1.
 inline jlong currentThreadId(JNIEnv* env) {
+    if (env->ExceptionCheck()) return -1;
     jclass threadClass = env->FindClass("java/lang/Thread");
     jobject self = env->CallStaticObjectMethod(
         threadClass, env->GetStaticMethodID(threadClass, "currentThread", "()Ljava/lang/Thread;"));
