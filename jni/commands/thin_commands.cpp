@@ -1,258 +1,819 @@
 // The thin natives: each forwards one command or query to the player and converts its
-// answer. One row per handler, grouped by family (a family shares the
-// failure line's exception class, and its source lines run together).
+// answer. One function per handler, grouped by family (a family shares the failure line's
+// exception class, and its source lines run together); each reads as its entry trace, the
+// frame with its failure line (function, source line, exception class) and value without a
+// player, then the operation and its conversion.
 //
-// Conversions, as the rows spell them out: bit0() keeps bit 0 of a proxy boolean;
-// asBool() passes a managed boolean (or int) as true exactly when it is non-zero; int16
-// and int64 arguments pass as received; "& 0xFF" and the uint16_t/int16_t casts are the
-// narrowing queries.
-#include "commands/thin_rows.h"
+// Conversions: bit0() keeps bit 0 of a proxy boolean; asBool() passes a managed boolean (or
+// int) as true exactly when it is non-zero; int16 and int64 arguments pass as received;
+// "& 0xFF" and the uint16_t/int16_t casts are the narrowing queries.
+#include <utils/String8.h>
+
+#include <cstdint>
+
+#include "commands/conversions.h"
+#include "core/frame.h"
+#include "core/handlers.h"
+#include "core/log.h"
 
 using android::String8;
 using pij::asBool;
 using pij::bit0;
 using pij::byteFrom;
+using pij::Exc;
 using pij::textFrom;
 using pij::textOf;
-
-// clang-format off
+using pij::withPlayer;
+using pij::withPlayerOrEnd;
 
 // ---- Picture, teletext, closed captions, ATV (TvIpcException) ----
-ROW(jboolean, startPcModeAtuoTune, NOARGS, TRACE("startPcModeAtuoTune"),
-    bit0(p.startPcModeAtuoTune()), false, 1331, TvIpc)
-ROW(jboolean, closeTeletext, NOARGS, TRACE("closeTeletext"),
-    bit0(p.closeTeletext()), false, 1349, TvIpc)
-ROW(jboolean, stopCc, NOARGS, TRACE("stopCc"),
-    bit0(p.stopCc()), false, 1367, TvIpc)
-ROW(jint, getPhaseRange, NOARGS, TRACE("getPhaseRange"),
-    p.getPhaseRange(), -1, 1422, TvIpc)
-ROW(jint, native_getVideoStandard, NOARGS, TRACE("getVideoStandard"),
-    p.getVideoStandard(), -1, 1480, TvIpc)
-ROW(jint, native_getVideoStandardDetectionState, NOARGS, TRACE("getVideoStandardDetectionState"),
-    p.getVideoStandardDetectionState() & 0xFF, 255, 1498, TvIpc)
-ROW(jboolean, doesCcExist, NOARGS, TRACE("doesCcExist"),
-    bit0(p.doesCcExist()), false, 1516, TvIpc)
-ROW(jboolean, isHdmiMode, NOARGS, TRACE("isHdmiMode"),
-    bit0(p.isHdmiMode()), false, 1534, TvIpc)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_startPcModeAtuoTune(JNIEnv* env,
+                                                                                jobject thiz) {
+    ALOGD("startPcModeAtuoTune");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1331, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.startPcModeAtuoTune()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext(JNIEnv* env,
+                                                                          jobject thiz) {
+    ALOGD("closeTeletext");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1349, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.closeTeletext()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_stopCc(JNIEnv* env, jobject thiz) {
+    ALOGD("stopCc");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1367, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.stopCc()); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getPhaseRange(JNIEnv* env, jobject thiz) {
+    ALOGD("getPhaseRange");
+    return withPlayer<jint>(env, thiz, {__func__, 1422, Exc::TvIpc}, -1,
+                            [&](PlayerImpl& p) { return p.getPhaseRange(); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandard(JNIEnv* env,
+                                                                                jobject thiz) {
+    ALOGD("getVideoStandard");
+    return withPlayer<jint>(env, thiz, {__func__, 1480, Exc::TvIpc}, -1,
+                            [&](PlayerImpl& p) { return p.getVideoStandard(); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandardDetectionState(
+    JNIEnv* env, jobject thiz) {
+    ALOGD("getVideoStandardDetectionState");
+    return withPlayer<jint>(env, thiz, {__func__, 1498, Exc::TvIpc}, 255, [&](PlayerImpl& p) {
+        return p.getVideoStandardDetectionState() & 0xFF;
+    });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_doesCcExist(JNIEnv* env, jobject thiz) {
+    ALOGD("doesCcExist");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1516, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.doesCcExist()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isHdmiMode(JNIEnv* env, jobject thiz) {
+    ALOGD("isHdmiMode");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1534, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isHdmiMode()); });
+}
+
 // No entry line: the result is logged after the call instead.
-ROW_THEN_LOG(jboolean, isSignalStable, NOARGS, NO_TRACE,
-    bit0(p.isSignalStable()), "isSignalStable, ret = %d", false, 1551, TvIpc)
-ROW(jboolean, hasTeletextSignal, NOARGS, TRACE("hasTeletextSignal"),
-    bit0(p.hasTeletextSignal()), false, 1570, TvIpc)
-ROW(jboolean, hasTeletextClockSignal, NOARGS, TRACE("hasTeletextClockSignal"),
-    bit0(p.hasTeletextClockSignal()), false, 1588, TvIpc)
-ROW(jboolean, isTeletextDisplayed, NOARGS, TRACE("isTeletextDisplayed"),
-    bit0(p.isTeletextDisplayed()), false, 1606, TvIpc)
-ROW(jboolean, isTeletextSubtitleChannel, NOARGS, TRACE("isTeletextSubtitleChannel"),
-    bit0(p.isTeletextSubtitleChannel()), false, 1624, TvIpc)
-ROW(jboolean, native_openTeletext, ARGS(jint a), TRACE("openTeletext"),
-    bit0(p.openTeletext(a)), false, 1642, TvIpc)
-ROW(jboolean, native_sendTeletextCommand, ARGS(jint a), TRACE("sendTeletextCommand"),
-    bit0(p.sendTeletextCommand(a)), false, 1660, TvIpc)
-ROW(jboolean, setTeletextLanguageGroup, ARGS(jint a), TRACE_INFO("setTeletextLanguageGroup"),
-    bit0(p.setTeletextLanguageGroup(a)), false, 1678, TvIpc)
-ROW(jboolean, native_openPAT, ARGS(jint a), TRACE("openPAT"),
-    bit0(p.openPAT(a)), false, 1696, TvIpc)
-ROW(jboolean, setHPosition, ARGS(jint a), TRACE("setHPosition"),
-    bit0(p.setHPosition(a)), false, 1714, TvIpc)
-ROW(jboolean, setPhase, ARGS(jint a), TRACE("setPhase"),
-    bit0(p.setPhase(a)), false, 1732, TvIpc)
-ROW(jboolean, setSize, ARGS(jint a), TRACE("setSize"),
-    bit0(p.setSize(a)), false, 1750, TvIpc)
-ROW(jboolean, setVPosition, ARGS(jint a), TRACE("setVPosition"),
-    bit0(p.setVPosition(a)), false, 1768, TvIpc)
-ROW(jboolean, startCc, NOARGS, TRACE("startCc"),
-    bit0(p.startCc()), false, 1786, TvIpc)
-ROW(jboolean, disableAft, NOARGS, TRACE("disableAft"),
-    bit0(p.disableAft()), false, 1804, TvIpc)
-ROW(jboolean, enableAft, NOARGS, TRACE("enableAft"),
-    bit0(p.enableAft()), false, 1822, TvIpc)
-VOID_ROW(initAtvVif, NOARGS, TRACE("initAtvVif"),
-    p.initAtvVif(), 1839, TvIpc)
-ROW(jboolean, isAftEnabled, NOARGS, TRACE("isAftEnabled"),
-    bit0(p.isAftEnabled()), false, 1857, TvIpc)
-ROW(jboolean, saveAtvProgram, ARGS(jint a), TRACE("saveAtvProgram"),
-    bit0(p.saveAtvProgram(a)), false, 1875, TvIpc)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isSignalStable(JNIEnv* env,
+                                                                           jobject thiz) {
+    return withPlayer<jboolean>(env, thiz, {__func__, 1551, Exc::TvIpc}, false, [&](PlayerImpl& p) {
+        const jboolean r = bit0(p.isSignalStable());
+        ALOGD("isSignalStable, ret = %d", static_cast<int>(r));
+        return r;
+    });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_hasTeletextSignal(JNIEnv* env,
+                                                                              jobject thiz) {
+    ALOGD("hasTeletextSignal");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1570, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.hasTeletextSignal()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_hasTeletextClockSignal(JNIEnv* env,
+                                                                                   jobject thiz) {
+    ALOGD("hasTeletextClockSignal");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1588, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.hasTeletextClockSignal()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isTeletextDisplayed(JNIEnv* env,
+                                                                                jobject thiz) {
+    ALOGD("isTeletextDisplayed");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1606, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isTeletextDisplayed()); });
+}
+
+PIJ_EXPORT jboolean
+com_vireo_android_tvapi_impl_PlayerImpl_isTeletextSubtitleChannel(JNIEnv* env, jobject thiz) {
+    ALOGD("isTeletextSubtitleChannel");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1624, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isTeletextSubtitleChannel()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_openTeletext(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a) {
+    ALOGD("openTeletext");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1642, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.openTeletext(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_sendTeletextCommand(JNIEnv* env,
+                                                                                       jobject thiz,
+                                                                                       jint a) {
+    ALOGD("sendTeletextCommand");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1660, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.sendTeletextCommand(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setTeletextLanguageGroup(JNIEnv* env,
+                                                                                     jobject thiz,
+                                                                                     jint a) {
+    ALOGI("setTeletextLanguageGroup");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1678, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setTeletextLanguageGroup(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_openPAT(JNIEnv* env,
+                                                                           jobject thiz, jint a) {
+    ALOGD("openPAT");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1696, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.openPAT(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setHPosition(JNIEnv* env, jobject thiz,
+                                                                         jint a) {
+    ALOGD("setHPosition");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1714, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setHPosition(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setPhase(JNIEnv* env, jobject thiz,
+                                                                     jint a) {
+    ALOGD("setPhase");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1732, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setPhase(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setSize(JNIEnv* env, jobject thiz,
+                                                                    jint a) {
+    ALOGD("setSize");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1750, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setSize(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setVPosition(JNIEnv* env, jobject thiz,
+                                                                         jint a) {
+    ALOGD("setVPosition");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1768, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setVPosition(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_startCc(JNIEnv* env, jobject thiz) {
+    ALOGD("startCc");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1786, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.startCc()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_disableAft(JNIEnv* env, jobject thiz) {
+    ALOGD("disableAft");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1804, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.disableAft()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enableAft(JNIEnv* env, jobject thiz) {
+    ALOGD("enableAft");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1822, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.enableAft()); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_initAtvVif(JNIEnv* env, jobject thiz) {
+    ALOGD("initAtvVif");
+    withPlayer(env, thiz, {__func__, 1839, Exc::TvIpc}, [&](PlayerImpl& p) { p.initAtvVif(); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isAftEnabled(JNIEnv* env,
+                                                                         jobject thiz) {
+    ALOGD("isAftEnabled");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1857, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isAftEnabled()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_saveAtvProgram(JNIEnv* env,
+                                                                           jobject thiz, jint a) {
+    ALOGD("saveAtvProgram");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1875, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.saveAtvProgram(a)); });
+}
 
 // ---- Parental, country, clock, audio mode, scart, MHEG-5 (TvIpcException) ----
-VOID_ROW(native_setParental, ARGS(jint a), TRACE("native_setParental"),
-    p.setParental(a), 1893, TvIpc)
-ROW(jstring, getLanguageCode, NOARGS, TRACE("getLanguageCode"),
-    textFrom(env, "getLanguageCode", [&](String8& t) { p.getLanguageCode(t); }), nullptr, 1910, TvIpc)
-ROW(jboolean, native_setCountry, ARGS(jint a), TRACE("setCountry"),
-    bit0(p.setCountry(a)), false, 1929, TvIpc)
-ROW(jstring, getCountryCode, NOARGS, TRACE("getCountryCode"),
-    textFrom(env, "getCountryCode", [&](String8& t) { p.getCountryCode(t); }), nullptr, 1947, TvIpc)
-VOID_ROW(enableAutoClock, NOARGS, TRACE("enableAutoClock"),
-    p.enableAutoClock(), 1966, TvIpc)
-VOID_ROW(disableAutoClock, NOARGS, TRACE("disableAutoClock"),
-    p.disableAutoClock(), 1983, TvIpc)
-ROW(jboolean, setAudioMode, ARGS(jint a), TRACE("setAudioMode, mode = %d", a),
-    bit0(p.setAudioMode(a)), false, 2000, TvIpc)
-VOID_ROW(native_setTimeZone, ARGS(jint a), TRACE("setTimeZone"),
-    p.setTimeZone(a), 2016, TvIpc)
-ROW(jboolean, enableAutoScartOut, NOARGS, TRACE("enableAutoScartOut"),
-    bit0(p.enableAutoScartOut()), false, 2032, TvIpc)
-ROW(jboolean, disableAutoScartOut, NOARGS, TRACE("disableAutoScartOut"),
-    bit0(p.disableAutoScartOut()), false, 2050, TvIpc)
-ROW(jboolean, sendMheg5Command, ARGS(jshort a), TRACE("sendMheg5Command"),
-    bit0(p.sendMheg5Command(a)), false, 2068, TvIpc)
-ROW(jboolean, sendMheg5IcsCommand, ARGS(jint a, jshort b), TRACE("sendMheg5IcsCommand"),
-    bit0(p.sendMheg5IcsCommand(a, b)), false, 2158, TvIpc)
-ROW(jboolean, isMheg5Running, NOARGS, TRACE("isMheg5Running"),
-    bit0(p.isMheg5Running()), false, 2174, IllegalState)
-ROW(jstring, getMheg5PfgContent, NOARGS, TRACE("getMheg5PfgContent"),
-    textFrom(env, "getMheg5PfgContent", [&](String8& t) { p.getMheg5PfgContent(t); }), nullptr, 2190, TvIpc)
-VOID_ROW(native_setChannelChangeFreezeMode, ARGS(jboolean a), TRACE("setChannelChangeFreezeMode"),
-    p.setChannelChangeFreezeMode(asBool(a)), 2209, TvIpc)
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setParental(JNIEnv* env,
+                                                                           jobject thiz, jint a) {
+    ALOGD("native_setParental");
+    withPlayer(env, thiz, {__func__, 1893, Exc::TvIpc}, [&](PlayerImpl& p) { p.setParental(a); });
+}
+
+PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getLanguageCode(JNIEnv* env,
+                                                                           jobject thiz) {
+    ALOGD("getLanguageCode");
+    return withPlayer<jstring>(
+        env, thiz, {__func__, 1910, Exc::TvIpc}, nullptr, [&](PlayerImpl& p) {
+            return textFrom(env, "getLanguageCode", [&](String8& t) { p.getLanguageCode(t); });
+        });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_setCountry(JNIEnv* env,
+                                                                              jobject thiz,
+                                                                              jint a) {
+    ALOGD("setCountry");
+    return withPlayer<jboolean>(env, thiz, {__func__, 1929, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setCountry(a)); });
+}
+
+PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getCountryCode(JNIEnv* env,
+                                                                          jobject thiz) {
+    ALOGD("getCountryCode");
+    return withPlayer<jstring>(
+        env, thiz, {__func__, 1947, Exc::TvIpc}, nullptr, [&](PlayerImpl& p) {
+            return textFrom(env, "getCountryCode", [&](String8& t) { p.getCountryCode(t); });
+        });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_enableAutoClock(JNIEnv* env, jobject thiz) {
+    ALOGD("enableAutoClock");
+    withPlayer(env, thiz, {__func__, 1966, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.enableAutoClock(); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_disableAutoClock(JNIEnv* env,
+                                                                         jobject thiz) {
+    ALOGD("disableAutoClock");
+    withPlayer(env, thiz, {__func__, 1983, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.disableAutoClock(); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setAudioMode(JNIEnv* env, jobject thiz,
+                                                                         jint a) {
+    ALOGD("setAudioMode, mode = %d", a);
+    return withPlayer<jboolean>(env, thiz, {__func__, 2000, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setAudioMode(a)); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setTimeZone(JNIEnv* env,
+                                                                           jobject thiz, jint a) {
+    ALOGD("setTimeZone");
+    withPlayer(env, thiz, {__func__, 2016, Exc::TvIpc}, [&](PlayerImpl& p) { p.setTimeZone(a); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enableAutoScartOut(JNIEnv* env,
+                                                                               jobject thiz) {
+    ALOGD("enableAutoScartOut");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2032, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.enableAutoScartOut()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_disableAutoScartOut(JNIEnv* env,
+                                                                                jobject thiz) {
+    ALOGD("disableAutoScartOut");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2050, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.disableAutoScartOut()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5Command(JNIEnv* env,
+                                                                             jobject thiz,
+                                                                             jshort a) {
+    ALOGD("sendMheg5Command");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2068, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.sendMheg5Command(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5IcsCommand(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a, jshort b) {
+    ALOGD("sendMheg5IcsCommand");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2158, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.sendMheg5IcsCommand(a, b)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isMheg5Running(JNIEnv* env,
+                                                                           jobject thiz) {
+    ALOGD("isMheg5Running");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2174, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isMheg5Running()); });
+}
+
+PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getMheg5PfgContent(JNIEnv* env,
+                                                                              jobject thiz) {
+    ALOGD("getMheg5PfgContent");
+    return withPlayer<jstring>(env, thiz, {__func__, 2190, Exc::TvIpc}, nullptr,
+                               [&](PlayerImpl& p) {
+                                   return textFrom(env, "getMheg5PfgContent",
+                                                   [&](String8& t) { p.getMheg5PfgContent(t); });
+                               });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setChannelChangeFreezeMode(
+    JNIEnv* env, jobject thiz, jboolean a) {
+    ALOGD("setChannelChangeFreezeMode");
+    withPlayer(env, thiz, {__func__, 2209, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.setChannelChangeFreezeMode(asBool(a)); });
+}
 
 // ---- DTV tuning and routes (TvIpcException) ----
-ROW(jboolean, playCurrentProgram, NOARGS, TRACE("playCurrentProgram"),
-    bit0(p.playCurrentProgram()), false, 2420, TvIpc)
-ROW(jboolean, setManualTuneByFreq, ARGS(jint a), TRACE("setManualTuneByFreq"),
-    bit0(p.setManualTuneByFreq(a)), false, 2438, TvIpc)
-ROW(jboolean, setManualTuneByRf, ARGS(jshort a), TRACE("setManualTuneByRf"),
-    bit0(p.setManualTuneByRf(a)), false, 2456, TvIpc)
-ROW(jboolean, changeManualScanRF, ARGS(jint a), TRACE("changeManualScanRF"),
-    bit0(p.changeManualScanRF(a)), false, 2474, TvIpc)
-VOID_ROW(switchAudioTrack, ARGS(jint a), TRACE("switchAudioTrack"),
-    p.switchAudioTrack(a), 2491, TvIpc)
-ROW(jint, getDtvRouteCount, NOARGS, TRACE("getDtvRouteCount"),
-    p.getDtvRouteCount(), -1, 2567, TvIpc)
-VOID_ROW(setDtvRoute, ARGS(jshort a), TRACE("setDtvRoute"),
-    p.setDtvRoute(a), 2642, TvIpc)
-VOID_ROW(setFavoriteRegion, ARGS(jint a), TRACE("setFavoriteRegion"),
-    p.setFavoriteRegion(a), 2659, TvIpc)
-ROW(jboolean, switchDtvRoute, ARGS(jshort a), TRACE("switchDtvRoute"),
-    bit0(p.switchDtvRoute(a)), false, 2677, TvIpc)
-ROW(jboolean, unlockChannel, NOARGS, TRACE("unlockChannel"),
-    bit0(p.unlockChannel()), false, 2695, TvIpc)
-ROW(jboolean, setMirror, ARGS(jboolean a), TRACE("setMirror"),
-    bit0(p.setMirror(asBool(a))), false, 2714, TvIpc)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_playCurrentProgram(JNIEnv* env,
+                                                                               jobject thiz) {
+    ALOGD("playCurrentProgram");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2420, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.playCurrentProgram()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setManualTuneByFreq(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a) {
+    ALOGD("setManualTuneByFreq");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2438, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setManualTuneByFreq(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setManualTuneByRf(JNIEnv* env,
+                                                                              jobject thiz,
+                                                                              jshort a) {
+    ALOGD("setManualTuneByRf");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2456, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setManualTuneByRf(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_changeManualScanRF(JNIEnv* env,
+                                                                               jobject thiz,
+                                                                               jint a) {
+    ALOGD("changeManualScanRF");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2474, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.changeManualScanRF(a)); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_switchAudioTrack(JNIEnv* env, jobject thiz,
+                                                                         jint a) {
+    ALOGD("switchAudioTrack");
+    withPlayer(env, thiz, {__func__, 2491, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.switchAudioTrack(a); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getDtvRouteCount(JNIEnv* env,
+                                                                         jobject thiz) {
+    ALOGD("getDtvRouteCount");
+    return withPlayer<jint>(env, thiz, {__func__, 2567, Exc::TvIpc}, -1,
+                            [&](PlayerImpl& p) { return p.getDtvRouteCount(); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setDtvRoute(JNIEnv* env, jobject thiz,
+                                                                    jshort a) {
+    ALOGD("setDtvRoute");
+    withPlayer(env, thiz, {__func__, 2642, Exc::TvIpc}, [&](PlayerImpl& p) { p.setDtvRoute(a); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setFavoriteRegion(JNIEnv* env, jobject thiz,
+                                                                          jint a) {
+    ALOGD("setFavoriteRegion");
+    withPlayer(env, thiz, {__func__, 2659, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.setFavoriteRegion(a); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_switchDtvRoute(JNIEnv* env,
+                                                                           jobject thiz, jshort a) {
+    ALOGD("switchDtvRoute");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2677, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.switchDtvRoute(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_unlockChannel(JNIEnv* env,
+                                                                          jobject thiz) {
+    ALOGD("unlockChannel");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2695, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.unlockChannel()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setMirror(JNIEnv* env, jobject thiz,
+                                                                      jboolean a) {
+    ALOGD("setMirror");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2714, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setMirror(asBool(a))); });
+}
 
 // ---- Standard detection, input source, debug (mostly IllegalStateException) ----
 // Bound at two rows of the native table; no entry line.
-VOID_ROW(startAutoStandardDetection, NOARGS, NO_TRACE,
-    p.startAutoStandardDetection(), 2725, IllegalState)
-VOID_ROW(native_forceVideoStandard, ARGS(jint a), NO_TRACE,
-    p.forceVideoStandard(a), 2735, IllegalState)
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_startAutoStandardDetection(JNIEnv* env,
+                                                                                   jobject thiz) {
+    withPlayer(env, thiz, {__func__, 2725, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.startAutoStandardDetection(); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_forceVideoStandard(JNIEnv* env,
+                                                                                  jobject thiz,
+                                                                                  jint a) {
+    withPlayer(env, thiz, {__func__, 2735, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.forceVideoStandard(a); });
+}
+
 // The operation's second argument is always 0.
-ROW(jboolean, native_detectInputSource, ARGS(jint a), TRACE("native_detectInputSource"),
-    bit0(p.detectInputSource(a, 0)), false, 2824, TvIpc)
-VOID_ROW(initOfflineDetection, NOARGS, TRACE("initOfflineDetection"),
-    p.initOfflineDetection(), 2875, IllegalState)
-VOID_ROW(setDebugMode, ARGS(jboolean a), TRACE("setDebugMode"),
-    p.setDebugMode(asBool(a)), 2891, IllegalState)
-ROW(jint, native_getChinaDvbcRegion, NOARGS, TRACE("native_getChinaDvbcRegion"),
-    p.getChinaDvbcRegion(), -1, 2972, IllegalState)
-VOID_ROW(native_setChinaDvbcRegion, ARGS(jint a), TRACE("native_setChinaDvbcRegion"),
-    p.setChinaDvbcRegion(a), 2988, IllegalState)
-ROW(jint, getAntennaType, NOARGS, TRACE("getAntennaType"),
-    static_cast<uint16_t>(p.getAntennaType()), -1, 3004, IllegalState)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_detectInputSource(JNIEnv* env,
+                                                                                     jobject thiz,
+                                                                                     jint a) {
+    ALOGD("native_detectInputSource");
+    return withPlayer<jboolean>(env, thiz, {__func__, 2824, Exc::TvIpc}, false,
+                                [&](PlayerImpl& p) { return bit0(p.detectInputSource(a, 0)); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_initOfflineDetection(JNIEnv* env,
+                                                                             jobject thiz) {
+    ALOGD("initOfflineDetection");
+    withPlayer(env, thiz, {__func__, 2875, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.initOfflineDetection(); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setDebugMode(JNIEnv* env, jobject thiz,
+                                                                     jboolean a) {
+    ALOGD("setDebugMode");
+    withPlayer(env, thiz, {__func__, 2891, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.setDebugMode(asBool(a)); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_native_getChinaDvbcRegion(JNIEnv* env,
+                                                                                  jobject thiz) {
+    ALOGD("native_getChinaDvbcRegion");
+    return withPlayer<jint>(env, thiz, {__func__, 2972, Exc::IllegalState}, -1,
+                            [&](PlayerImpl& p) { return p.getChinaDvbcRegion(); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setChinaDvbcRegion(JNIEnv* env,
+                                                                                  jobject thiz,
+                                                                                  jint a) {
+    ALOGD("native_setChinaDvbcRegion");
+    withPlayer(env, thiz, {__func__, 2988, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.setChinaDvbcRegion(a); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getAntennaType(JNIEnv* env, jobject thiz) {
+    ALOGD("getAntennaType");
+    return withPlayer<jint>(env, thiz, {__func__, 3004, Exc::IllegalState}, -1, [&](PlayerImpl& p) {
+        return static_cast<uint16_t>(p.getAntennaType());
+    });
+}
 
 // ---- Interactive applications (IllegalStateException) ----
-ROW(jboolean, autostartApplication, NOARGS, TRACE("autostartApplication"),
-    bit0(p.autostartApplication()), false, 3019, IllegalState)
-ROW(jboolean, startApplication, ARGS(jlong a, jlong b), TRACE("startApplication"),
-    bit0(p.startApplication(a, b)), false, 3035, IllegalState)
-ROW(jboolean, stopApplication, NOARGS, TRACE("stopApplication"),
-    bit0(p.stopApplication()), false, 3051, IllegalState)
-ROW(jboolean, enableGinga, NOARGS, TRACE("enableGinga"),
-    bit0(p.enableGinga()), false, 3067, IllegalState)
-ROW(jboolean, disableGigna, NOARGS, TRACE("disableGigna"),
-    bit0(p.disableGigna()), false, 3083, IllegalState)
-ROW(jboolean, isGingaEnabled, NOARGS, TRACE("isGingaEnabled"),
-    bit0(p.isGingaEnabled()), false, 3099, IllegalState)
-ROW(jboolean, isGingaRunning, NOARGS, TRACE("isGingaRunning"),
-    bit0(p.isGingaRunning()), false, 3115, IllegalState)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_autostartApplication(JNIEnv* env,
+                                                                                 jobject thiz) {
+    ALOGD("autostartApplication");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3019, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.autostartApplication()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_startApplication(JNIEnv* env,
+                                                                             jobject thiz, jlong a,
+                                                                             jlong b) {
+    ALOGD("startApplication");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3035, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.startApplication(a, b)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_stopApplication(JNIEnv* env,
+                                                                            jobject thiz) {
+    ALOGD("stopApplication");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3051, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.stopApplication()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enableGinga(JNIEnv* env, jobject thiz) {
+    ALOGD("enableGinga");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3067, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.enableGinga()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_disableGigna(JNIEnv* env,
+                                                                         jobject thiz) {
+    ALOGD("disableGigna");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3083, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.disableGigna()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isGingaEnabled(JNIEnv* env,
+                                                                           jobject thiz) {
+    ALOGD("isGingaEnabled");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3099, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isGingaEnabled()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isGingaRunning(JNIEnv* env,
+                                                                           jobject thiz) {
+    ALOGD("isGingaRunning");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3115, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.isGingaRunning()); });
+}
 
 // ---- Ratings, mute, antenna, captions, event status (IllegalStateException) ----
-ROW(jboolean, setVChipGuideline, ARGS(jshort a, jshort b, jshort c, jshort d),
-    TRACE("SetVChipGuideline"),
-    bit0(p.setVChipGuideline(a, b, c, d)), false, 3154, IllegalState)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setVChipGuideline(JNIEnv* env,
+                                                                              jobject thiz,
+                                                                              jshort a, jshort b,
+                                                                              jshort c, jshort d) {
+    ALOGD("SetVChipGuideline");
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 3154, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.setVChipGuideline(a, b, c, d)); });
+}
+
 // Returns the byte the operation stores, whole; the operation's own result is not used.
-ROW(jboolean, getCurrentVChipBlockStatus, NOARGS, TRACE("getCurrentVChipBlockStatus"),
-    byteFrom([&](uint8_t& b) { p.getCurrentVChipBlockStatus(b); }), false, 3171, IllegalState)
-ROW(jboolean, enterPassToUnlockUnratedByUser, ARGS(jboolean a),
-    TRACE("enterPassToUnlockUnratedByUser"),
-    bit0(p.enterPassToUnlockUnratedByUser(asBool(a))), false, 3189, IllegalState)
-ROW(jboolean, enterPassToUnlockByUser, ARGS(jboolean a), TRACE("enterPassToUnlockByUser"),
-    bit0(p.enterPassToUnlockByUser(asBool(a))), false, 3205, IllegalState)
-ROW(jstring, getCurrentRatingInformation, NOARGS, TRACE("getCurrentRatingInformation"),
-    textOf(env, "getCurrentRatingInformation", p.getCurrentRatingInformation()), nullptr, 3221, IllegalState)
-ROW(jboolean, native_setAudioMute, ARGS(jint a, jint b), TRACE("native_setAudioMute"),
-    bit0(p.setAudioMute(a, b)), false, 3237, IllegalState)
+PIJ_EXPORT jboolean
+com_vireo_android_tvapi_impl_PlayerImpl_getCurrentVChipBlockStatus(JNIEnv* env, jobject thiz) {
+    ALOGD("getCurrentVChipBlockStatus");
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 3171, Exc::IllegalState}, false, [&](PlayerImpl& p) {
+            return byteFrom([&](uint8_t& b) { p.getCurrentVChipBlockStatus(b); });
+        });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockUnratedByUser(
+    JNIEnv* env, jobject thiz, jboolean a) {
+    ALOGD("enterPassToUnlockUnratedByUser");
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 3189, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.enterPassToUnlockUnratedByUser(asBool(a))); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockByUser(JNIEnv* env,
+                                                                                    jobject thiz,
+                                                                                    jboolean a) {
+    ALOGD("enterPassToUnlockByUser");
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 3205, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.enterPassToUnlockByUser(asBool(a))); });
+}
+
+PIJ_EXPORT jstring
+com_vireo_android_tvapi_impl_PlayerImpl_getCurrentRatingInformation(JNIEnv* env, jobject thiz) {
+    ALOGD("getCurrentRatingInformation");
+    return withPlayer<jstring>(
+        env, thiz, {__func__, 3221, Exc::IllegalState}, nullptr, [&](PlayerImpl& p) {
+            return textOf(env, "getCurrentRatingInformation", p.getCurrentRatingInformation());
+        });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_setAudioMute(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a, jint b) {
+    ALOGD("native_setAudioMute");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3237, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setAudioMute(a, b)); });
+}
+
 // Always true; the operation answers nothing.
-ROW_OR_END(jboolean, native_atsc_setAntennaType, ARGS(jint a), TRACE("native_atsc_setAntennaType"),
-    (p.atsc_setAntennaType(a), JNI_TRUE), 3254, IllegalState)
-VOID_ROW_OR_END(setCcMode, ARGS(jint a), TRACE("setCcMode"),
-    p.setCcMode(a), 3333, IllegalState)
-ROW_OR_END(jint, getCcMode, NOARGS, TRACE("getCcMode"),
-    p.getCcMode(), 3348, IllegalState)
-ROW_OR_END(jint, getAirChannelType, NOARGS, TRACE("getAirChannelType"),
-    p.getAirChannelType(), 3363, IllegalState)
-ROW(jint, getCurrentEventStatus, ARGS(jint a), TRACE("getCurrentEventStatus"),
-    p.getCurrentEventStatus(a), 0, 3527, IllegalState)
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_atsc_setAntennaType(JNIEnv* env,
+                                                                                       jobject thiz,
+                                                                                       jint a) {
+    ALOGD("native_atsc_setAntennaType");
+    return withPlayerOrEnd(
+        env, thiz, {__func__, 3254, Exc::IllegalState},
+        [&](PlayerImpl& p) -> jboolean { return (p.atsc_setAntennaType(a), JNI_TRUE); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setCcMode(JNIEnv* env, jobject thiz,
+                                                                  jint a) {
+    ALOGD("setCcMode");
+    withPlayerOrEnd(env, thiz, {__func__, 3333, Exc::IllegalState},
+                    [&](PlayerImpl& p) { p.setCcMode(a); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCcMode(JNIEnv* env, jobject thiz) {
+    ALOGD("getCcMode");
+    return withPlayerOrEnd(env, thiz, {__func__, 3348, Exc::IllegalState},
+                           [&](PlayerImpl& p) -> jint { return p.getCcMode(); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getAirChannelType(JNIEnv* env,
+                                                                          jobject thiz) {
+    ALOGD("getAirChannelType");
+    return withPlayerOrEnd(env, thiz, {__func__, 3363, Exc::IllegalState},
+                           [&](PlayerImpl& p) -> jint { return p.getAirChannelType(); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentEventStatus(JNIEnv* env,
+                                                                              jobject thiz,
+                                                                              jint a) {
+    ALOGD("getCurrentEventStatus");
+    return withPlayer<jint>(env, thiz, {__func__, 3527, Exc::IllegalState}, 0,
+                            [&](PlayerImpl& p) { return p.getCurrentEventStatus(a); });
+}
+
 // The second managed int is the boolean status.
-VOID_ROW_OR_END(setCurrentEventStatus, ARGS(jint a, jint b), TRACE("setCurrentEventStatus"),
-    p.setCurrentEventStatus(a, asBool(b)), 3544, IllegalState)
-ROW(jboolean, setAutoSync, ARGS(jboolean a), TRACE("setAutoSync"),
-    bit0(p.setAutoSync(asBool(a))), false, 3559, IllegalState)
-ROW(jboolean, createPreviewCCWin, NOARGS, TRACE("createPreviewCCWin"),
-    bit0(p.createPreviewCCWin()), false, 3816, IllegalState)
-ROW(jboolean, exitPreviewCCWin, NOARGS, TRACE("exitPreviewCCWin"),
-    bit0(p.exitPreviewCCWin()), false, 3833, IllegalState)
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setCurrentEventStatus(JNIEnv* env,
+                                                                              jobject thiz, jint a,
+                                                                              jint b) {
+    ALOGD("setCurrentEventStatus");
+    withPlayerOrEnd(env, thiz, {__func__, 3544, Exc::IllegalState},
+                    [&](PlayerImpl& p) { p.setCurrentEventStatus(a, asBool(b)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setAutoSync(JNIEnv* env, jobject thiz,
+                                                                        jboolean a) {
+    ALOGD("setAutoSync");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3559, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setAutoSync(asBool(a))); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_createPreviewCCWin(JNIEnv* env,
+                                                                               jobject thiz) {
+    ALOGD("createPreviewCCWin");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3816, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.createPreviewCCWin()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_exitPreviewCCWin(JNIEnv* env,
+                                                                             jobject thiz) {
+    ALOGD("exitPreviewCCWin");
+    return withPlayer<jboolean>(env, thiz, {__func__, 3833, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.exitPreviewCCWin()); });
+}
 
 // ---- Satellites, dish, user location, sorting (IllegalStateException) ----
-ROW(jint, getCurrentSatelliteCount, NOARGS, TRACE("getCurrentSatelliteCount"),
-    p.getCurrentSatelliteCount(), 0, 3959, IllegalState)
-ROW(jint, getCurrentSatelliteNumber, NOARGS, TRACE("getCurrentSatelliteNumber"),
-    p.getCurrentSatelliteNumber(), 0, 4039, IllegalState)
-ROW(jboolean, setCurrentSatelliteNumber, ARGS(jint a), TRACE("setCurrentSatelliteNumber"),
-    bit0(p.setCurrentSatelliteNumber(a)), false, 4054, IllegalState)
-ROW(jint, getTransponderCount, ARGS(jint a), TRACE("getTransponderCount"),
-    p.getTransponderCount(a), 0, 4069, IllegalState)
-ROW(jint, getCurrentTransponderNumber, NOARGS, TRACE("getCurrentTransponderNumber"),
-    p.getCurrentTransponderNumber(), 0, 4084, IllegalState)
-ROW(jboolean, setCurrentTransponderNumber, ARGS(jint a), TRACE("setCurrentTransponderNumber"),
-    bit0(p.setCurrentTransponderNumber(a)), false, 4099, IllegalState)
-ROW(jboolean, deleteSatelliteInfo, ARGS(jint a), TRACE("deleteSatelliteInfo"),
-    bit0(p.deleteSatelliteInfo(a)), false, 4370, IllegalState)
-ROW(jboolean, deleteTransponderInfo, ARGS(jint a, jint b), TRACE("deleteTransponderInfo"),
-    bit0(p.deleteTransponderInfo(a, b)), false, 4386, IllegalState)
-ROW(jboolean, verifySlotFrequency, NOARGS, TRACE("verifySlotFrequency"),
-    bit0(p.verifySlotFrequency()), false, 4402, IllegalState)
-ROW(jboolean, setDishLNBPowerMode, ARGS(jint a), TRACE("setDishLNBPowerMode"),
-    bit0(p.setDishLNBPowerMode(a)), false, 4418, IllegalState)
-ROW(jboolean, setDish22KMode, ARGS(jint a), TRACE("setDish22KMode"),
-    bit0(p.setDish22KMode(a)), false, 4434, IllegalState)
-ROW(jboolean, setDishToneburstMode, ARGS(jint a), TRACE("setDishToneburstMode"),
-    bit0(p.setDishToneburstMode(a)), false, 4450, IllegalState)
-ROW(jboolean, setDiSEqCSwitchPort, ARGS(jint a, jint b), TRACE("setDiSEqCSwitchPort"),
-    bit0(p.setDiSEqCSwitchPort(a, b)), false, 4466, IllegalState)
-ROW(jboolean, sendDiSEqCMotorCommand, ARGS(jint a), TRACE("sendDiSEqCMotorCommand"),
-    bit0(p.sendDiSEqCMotorCommand(a)), false, 4482, IllegalState)
-VOID_ROW(setUserLocationCode, ARGS(jint a), TRACE("setUserLocationCode, code = %d", a),
-    p.setUserLocationCode(a), 4498, IllegalState)
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSatelliteCount(JNIEnv* env,
+                                                                                 jobject thiz) {
+    ALOGD("getCurrentSatelliteCount");
+    return withPlayer<jint>(env, thiz, {__func__, 3959, Exc::IllegalState}, 0,
+                            [&](PlayerImpl& p) { return p.getCurrentSatelliteCount(); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSatelliteNumber(JNIEnv* env,
+                                                                                  jobject thiz) {
+    ALOGD("getCurrentSatelliteNumber");
+    return withPlayer<jint>(env, thiz, {__func__, 4039, Exc::IllegalState}, 0,
+                            [&](PlayerImpl& p) { return p.getCurrentSatelliteNumber(); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setCurrentSatelliteNumber(JNIEnv* env,
+                                                                                      jobject thiz,
+                                                                                      jint a) {
+    ALOGD("setCurrentSatelliteNumber");
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 4054, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.setCurrentSatelliteNumber(a)); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getTransponderCount(JNIEnv* env,
+                                                                            jobject thiz, jint a) {
+    ALOGD("getTransponderCount");
+    return withPlayer<jint>(env, thiz, {__func__, 4069, Exc::IllegalState}, 0,
+                            [&](PlayerImpl& p) { return p.getTransponderCount(a); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentTransponderNumber(JNIEnv* env,
+                                                                                    jobject thiz) {
+    ALOGD("getCurrentTransponderNumber");
+    return withPlayer<jint>(env, thiz, {__func__, 4084, Exc::IllegalState}, 0,
+                            [&](PlayerImpl& p) { return p.getCurrentTransponderNumber(); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setCurrentTransponderNumber(
+    JNIEnv* env, jobject thiz, jint a) {
+    ALOGD("setCurrentTransponderNumber");
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 4099, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.setCurrentTransponderNumber(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_deleteSatelliteInfo(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a) {
+    ALOGD("deleteSatelliteInfo");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4370, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.deleteSatelliteInfo(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_deleteTransponderInfo(JNIEnv* env,
+                                                                                  jobject thiz,
+                                                                                  jint a, jint b) {
+    ALOGD("deleteTransponderInfo");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4386, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.deleteTransponderInfo(a, b)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_verifySlotFrequency(JNIEnv* env,
+                                                                                jobject thiz) {
+    ALOGD("verifySlotFrequency");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4402, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.verifySlotFrequency()); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDishLNBPowerMode(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a) {
+    ALOGD("setDishLNBPowerMode");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4418, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setDishLNBPowerMode(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDish22KMode(JNIEnv* env,
+                                                                           jobject thiz, jint a) {
+    ALOGD("setDish22KMode");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4434, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setDish22KMode(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDishToneburstMode(JNIEnv* env,
+                                                                                 jobject thiz,
+                                                                                 jint a) {
+    ALOGD("setDishToneburstMode");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4450, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setDishToneburstMode(a)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDiSEqCSwitchPort(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint a, jint b) {
+    ALOGD("setDiSEqCSwitchPort");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4466, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setDiSEqCSwitchPort(a, b)); });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendDiSEqCMotorCommand(JNIEnv* env,
+                                                                                   jobject thiz,
+                                                                                   jint a) {
+    ALOGD("sendDiSEqCMotorCommand");
+    return withPlayer<jboolean>(env, thiz, {__func__, 4482, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.sendDiSEqCMotorCommand(a)); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setUserLocationCode(JNIEnv* env,
+                                                                            jobject thiz, jint a) {
+    ALOGD("setUserLocationCode, code = %d", a);
+    withPlayer(env, thiz, {__func__, 4498, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.setUserLocationCode(a); });
+}
+
 // No entry line: the code is logged after the call.
-ROW_THEN_LOG(jint, getUserLocationCode, NOARGS, NO_TRACE,
-    p.getUserLocationCode(), "getUserLocationCode, code = %d", 0, 4512, IllegalState)
-ROW(jboolean, setProgramSortByType, ARGS(jint a), TRACE("setProgramSortByType, type = %d", a),
-    bit0(p.setProgramSortByType(a)), false, 4654, IllegalState)
-ROW(jint, getUserLocationCount, NOARGS, TRACE("getUserLocationCount"),
-    p.getUserLocationCount(), 0, 4670, IllegalState)
-VOID_ROW(changeSetting, ARGS(jint a), TRACE("native_changeSetting"),
-    p.changeSetting(a), 4715, TvIpc)
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCode(JNIEnv* env,
+                                                                            jobject thiz) {
+    return withPlayer<jint>(env, thiz, {__func__, 4512, Exc::IllegalState}, 0, [&](PlayerImpl& p) {
+        const jint r = p.getUserLocationCode();
+        ALOGD("getUserLocationCode, code = %d", static_cast<int>(r));
+        return r;
+    });
+}
+
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setProgramSortByType(JNIEnv* env,
+                                                                                 jobject thiz,
+                                                                                 jint a) {
+    ALOGD("setProgramSortByType, type = %d", a);
+    return withPlayer<jboolean>(env, thiz, {__func__, 4654, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) { return bit0(p.setProgramSortByType(a)); });
+}
+
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCount(JNIEnv* env,
+                                                                             jobject thiz) {
+    ALOGD("getUserLocationCount");
+    return withPlayer<jint>(env, thiz, {__func__, 4670, Exc::IllegalState}, 0,
+                            [&](PlayerImpl& p) { return p.getUserLocationCount(); });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_changeSetting(JNIEnv* env, jobject thiz,
+                                                                      jint a) {
+    ALOGD("native_changeSetting");
+    withPlayer(env, thiz, {__func__, 4715, Exc::TvIpc}, [&](PlayerImpl& p) { p.changeSetting(a); });
+}
 
 // ---- HDMI EDID and BISS keys (com_vireo_android_tvapi_common_ names) ----
-COMMON_ROW_THEN_LOG(jint, getHdmiEdidVersionBySource, ARGS(jint a),
-    TRACE("getHdmiEdidVersionBySource inputSource = %d", a),
-    static_cast<int16_t>(p.getHdmiEdidVersionBySource(a)), "re = %d", 0, 4732, IllegalState)
-COMMON_ROW_THEN_LOG(jboolean, setHdmiEdidVersionBySource, ARGS(jint a, jint b),
-    TRACE("setHdmiEdidVersionBySource inputSource = %d, hdmiEdidVersion = %d", a, b),
-    bit0(p.setHdmiEdidVersionBySource(a, b)), "re = %d", false, 4751, IllegalState)
-COMMON_VOID_ROW(clearProgramBISSKeyByNumber, ARGS(jint a, jint b),
-    TRACE("clearProgramBISSKeyByNumber progNumber = %d, progType = %d", a, b),
-    p.clearProgramBISSKeyByNumber(a, b), 4814, IllegalState)
+PIJ_EXPORT jint com_vireo_android_tvapi_common_PlayerImpl_getHdmiEdidVersionBySource(JNIEnv* env,
+                                                                                     jobject thiz,
+                                                                                     jint a) {
+    ALOGD("getHdmiEdidVersionBySource inputSource = %d", a);
+    return withPlayer<jint>(env, thiz, {__func__, 4732, Exc::IllegalState}, 0, [&](PlayerImpl& p) {
+        const jint r = static_cast<int16_t>(p.getHdmiEdidVersionBySource(a));
+        ALOGD("re = %d", static_cast<int>(r));
+        return r;
+    });
+}
 
-// clang-format on
+PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setHdmiEdidVersionBySource(
+    JNIEnv* env, jobject thiz, jint a, jint b) {
+    ALOGD("setHdmiEdidVersionBySource inputSource = %d, hdmiEdidVersion = %d", a, b);
+    return withPlayer<jboolean>(env, thiz, {__func__, 4751, Exc::IllegalState}, false,
+                                [&](PlayerImpl& p) {
+                                    const jboolean r = bit0(p.setHdmiEdidVersionBySource(a, b));
+                                    ALOGD("re = %d", static_cast<int>(r));
+                                    return r;
+                                });
+}
+
+PIJ_EXPORT void com_vireo_android_tvapi_common_PlayerImpl_clearProgramBISSKeyByNumber(JNIEnv* env,
+                                                                                      jobject thiz,
+                                                                                      jint a,
+                                                                                      jint b) {
+    ALOGD("clearProgramBISSKeyByNumber progNumber = %d, progType = %d", a, b);
+    withPlayer(env, thiz, {__func__, 4814, Exc::IllegalState},
+               [&](PlayerImpl& p) { p.clearProgramBISSKeyByNumber(a, b); });
+}
