@@ -70,11 +70,15 @@ DeclaredTable declaredListener() {
     using service_slots::slotOf;
     DeclaredTable table{"PlayerImplListener", tableSymbol("PlayerImplListener"), 0, {}, true};
     long next = 0;
-#define OP(name)                \
-    table.operations.push_back( \
+#define PIJ_LISTENER_OP(name, parameters) \
+    table.operations.push_back(           \
         {slotOf(&PlayerImplListener::name), next++, #name, paramsOf(&PlayerImplListener::name)});
-    PIJ_LISTENER_SLOTS(OP)
-#undef OP
+#define PIJ_LISTENER_EVENT(name) PIJ_LISTENER_OP(name, )
+#define PIJ_LISTENER_PARCEL_EVENT(name) PIJ_LISTENER_OP(name, )
+#include "core/listener_operations.def"
+#undef PIJ_LISTENER_OP
+#undef PIJ_LISTENER_EVENT
+#undef PIJ_LISTENER_PARCEL_EVENT
     finish(table, slotOf(&service_slots::ListenerProbe::probe));
     return table;
 }

@@ -165,9 +165,15 @@ const SlotRow kProxySlots[] = {
 };
 #undef PIJ_PLAYER_OP
 #undef PIJ_PLAYER_PLACEHOLDER
-#define L(name) SlotRow{#name, slotOf(&PlayerImplListener::name)},
-const SlotRow kListenerSlots[] = {PIJ_LISTENER_SLOTS(L)};
-#undef L
+#define PIJ_LISTENER_OP(name, parameters) SlotRow{#name, slotOf(&PlayerImplListener::name)},
+#define PIJ_LISTENER_EVENT(name) PIJ_LISTENER_OP(name, )
+#define PIJ_LISTENER_PARCEL_EVENT(name) PIJ_LISTENER_OP(name, )
+const SlotRow kListenerSlots[] = {
+#include "core/listener_operations.def"
+};
+#undef PIJ_LISTENER_OP
+#undef PIJ_LISTENER_EVENT
+#undef PIJ_LISTENER_PARCEL_EVENT
 
 using service_slots::ListenerProbe;
 using service_slots::ProxyProbe;

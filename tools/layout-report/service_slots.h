@@ -2,9 +2,9 @@
 // interface it calls (PlayerImplListener), and the way to read an operation's slot from the
 // compiler. Shared by the layout report and the ABI check, so the order is written down once.
 //
-// The proxy's order is core/player_operations.def, which declares the class too; the
-// listener's is the X-macro below, OP(name) for the next operation. The expected slot of an
-// operation is its position in its list; the destructor pair follows the last one.
+// The orders are core/player_operations.def and core/listener_operations.def, which declare
+// the two classes too. The expected slot of an operation is its position in its list; the
+// destructor pair follows the last one.
 #pragma once
 
 #include <cstdint>
@@ -45,29 +45,3 @@ struct ListenerProbe : PlayerImplListener {
 };
 
 }  // namespace service_slots
-
-// clang-format off
-// The callback interface, in the service's declaration order.
-#define PIJ_LISTENER_SLOTS(OP) \
-    OP(notify) OP(notifyCB) OP(PostEvent_ChannelNameReady) OP(PostEvent_AtvAutoTuning) \
-    OP(PostEvent_ManualTuning) OP(PostEvent_DtvAutoTuning) OP(PostEvent_ProgramInfoReady) \
-    OP(PostEvent_SignalLock) OP(PostEvent_SignalUnlock) OP(PostEvent_PopupDialog) \
-    OP(PostEvent_ScreenSaverMode) OP(PostEvent_CiLoadCredentialFail) OP(PostEvent_EpgTimerSimulcast) \
-    OP(PostEvent_HbbtvStatusMode) OP(PostEvent_Mheg5StatusMode) OP(PostEvent_Mheg5ReturnKey) \
-    OP(PostEvent_OadHandler) OP(PostEvent_OadDownload) OP(PostEvent_PvrPlaybackTime) \
-    OP(PostEvent_PvrPlaybackSpeedChange) OP(PostEvent_PvrRecordTime) OP(PostEvent_PvrRecordSize) \
-    OP(PostEvent_PvrRecordStop) OP(PostEvent_PvrPlaybackStop) OP(PostEvent_PvrPlaybackBegin) \
-    OP(PostEvent_PvrTimeshiftBefore) OP(PostEvent_PvrTimeshiftAfter) OP(PostEvent_OverRun) \
-    OP(PostEvent_UsbRemoved) OP(PostEvent_CiPlusProtection) OP(PostEvent_ParentalControl) \
-    OP(PostEvent_AlwaysTimeshiftProgramReady) OP(PostEvent_AlwaysTimeShiftProgramNotReady) \
-    OP(PostEvent_PvrCiPlusRetentionLimit) OP(PostEvent_AutoUpdateScan) OP(PostEvent_TsChange) \
-    OP(PostEvent_PopupScanDialogLossSignal) OP(PostEvent_PopupScanDialogNewMultiplex) \
-    OP(PostEvent_PopupScanDialogFreqChange) OP(PostEvent_RctPresence) OP(PostEvent_ChangeTtxStatus) \
-    OP(PostEvent_PriComponentMissing) OP(PostEvent_AudioModeChange) OP(PostEvent_Mheg5EventHandler) \
-    OP(PostEvent_OadTimeOut) OP(PostEvent_GingaStatusMode) OP(PostEvent_HbbtvEvent) \
-    OP(PostEvent_EpgUpdateList) OP(PostEvent_SnServiceDeadth) OP(PostEvent_4k2kHDMIDisablePip) \
-    OP(PostEvent_4k2kHDMIDisablePop) OP(PostEvent_4k2kHDMIDisableDualView) \
-    OP(PostEvent_4k2kHDMIDisableTravelingMode) OP(PostEvent_OPRefreshQuery) \
-    OP(PostEvent_OPServiceList) OP(PostEvent_ExitOPServiceList) OP(PostEvent_Emerency_Alert) \
-    OP(PostEvent_DtvChannelInfoUpdate) OP(PostEvent_EpgUpdate)
-// clang-format on
