@@ -19,8 +19,8 @@
 #include "marshal/picture.h"
 #include "marshal/satellite.h"
 #include "playerimpl_host/host_player.h"
-#include "sim/sim_events.h"
-#include "sim/sim_internal.h"
+#include "sim_events.h"
+#include "sim_internal.h"
 
 namespace host {
 namespace sim {
@@ -585,26 +585,22 @@ private:
         });
     }
 
+public:
+    // The timeline steps the simulator carries out itself, besides the two-integer events of
+    // the listener: a new kind of step is one row here and its function (and, if it takes
+    // new fields, their reading in scenario.cpp).
+    struct SpecialStep {
+        const char* name;
+        void (SimulatedTv::*run)(const Step&, Stop&);
+    };
+    static const SpecialStep kSpecialSteps[6];
+
+private:
     void runStep(const Step& st, Stop& stop) {
-        if (st.event == "AtvAutoTuning" || st.event == "ManualTuning") {
-            atvScan(st, stop);
-        } else if (st.event == "DtvAutoTuning") {
-            dtvScan(st, stop);
-        } else if (st.event == "HbbtvEvent") {
-            auto p = std::make_shared<android::Parcel>();
-            p->writeInt32(st.code);
-            for (int i = 0; i < 10; ++i) {
-                p->writeInt32(i < static_cast<int>(st.params.size()) ? st.params[i] : 0);
-            }
-            p->writeInt32(st.ext2);
-            p->setDataPosition(0);
-            post([p](PlayerImplListener& l) { l.PostEvent_HbbtvEvent(*p); });
-        } else if (st.event == "notifyCB") {
-            int code = st.code, e1 = st.ext1, e2 = st.ext2;
-            post([=](PlayerImplListener& l) { l.notifyCB(code, e1, e2, nullptr); });
-        } else if (st.event == "Channel") {
-            tuneToNumber(st.channel);
-        } else if (const SimpleEvent* ev = findSimpleEvent(st.event)) {
+        for (const SpecialStep& special : kSpecialSteps) {
+            if (st.event == special.name) return (this->*special.run)(st, stop);
+        }
+        if (const SimpleEvent* ev = findSimpleEvent(st.event)) {
             for (int i = 0; i < st.repeat; ++i) {
                 if (i > 0 && !stop.sleepMs(st.everyMs / mS.speed)) return;
                 applySimple(st.event);
@@ -614,6 +610,26 @@ private:
             }
         }
     }
+
+    // An HbbTV event: its code, ten parameters and ext2 in a parcel.
+    void hbbtvStep(const Step& st, Stop&) {
+        auto p = std::make_shared<android::Parcel>();
+        p->writeInt32(st.code);
+        for (int i = 0; i < 10; ++i) {
+            p->writeInt32(i < static_cast<int>(st.params.size()) ? st.params[i] : 0);
+        }
+        p->writeInt32(st.ext2);
+        p->setDataPosition(0);
+        post([p](PlayerImplListener& l) { l.PostEvent_HbbtvEvent(*p); });
+    }
+
+    // The service's generic callback with a native event number.
+    void notifyCBStep(const Step& st, Stop&) {
+        int code = st.code, e1 = st.ext1, e2 = st.ext2;
+        post([=](PlayerImplListener& l) { l.notifyCB(code, e1, e2, nullptr); });
+    }
+
+    void channelStep(const Step& st, Stop&) { tuneToNumber(st.channel); }
 
     // What a timeline event changes in the state the queries answer from.
     void applySimple(const std::string& name) {
@@ -700,7 +716,20 @@ private:
     std::shared_ptr<Stop> mStop;
 };
 
+const SimulatedTv::SpecialStep SimulatedTv::kSpecialSteps[6] = {
+    {"AtvAutoTuning", &SimulatedTv::atvScan}, {"ManualTuning", &SimulatedTv::atvScan},
+    {"DtvAutoTuning", &SimulatedTv::dtvScan}, {"HbbtvEvent", &SimulatedTv::hbbtvStep},
+    {"notifyCB", &SimulatedTv::notifyCBStep}, {"Channel", &SimulatedTv::channelStep},
+};
+
 }  // namespace
+
+std::vector<std::string> eventNames() {
+    std::vector<std::string> names;
+    for (const auto& special : SimulatedTv::kSpecialSteps) names.emplace_back(special.name);
+    for (const std::string& simple : simpleEventNames()) names.push_back(simple);
+    return names;
+}
 
 bool timelineDone() { return gTimelineDone.load(); }
 void setTimelineDone(bool done) { gTimelineDone.store(done); }

@@ -1,6 +1,5 @@
-// The events a scenario's timeline can name: every two-integer listener operation under
-// its name without the "PostEvent_" prefix, plus the steps that carry a parcel or change
-// the simulated state.
+// The two-integer listener operations a scenario's timeline can name, under their names
+// without the "PostEvent_" prefix (the simulator's own steps are in SimulatedTv.cpp).
 #include "sim_events.h"
 
 namespace host {
@@ -21,10 +20,6 @@ const SimpleEvent kSimpleEvents[] = {
 #undef PIJ_LISTENER_PARCEL_EVENT
 };
 
-// Steps the simulator carries out itself (see SimulatedTv::runStep).
-const char* const kSpecialSteps[] = {"AtvAutoTuning", "ManualTuning", "DtvAutoTuning",
-                                     "HbbtvEvent",    "notifyCB",     "Channel"};
-
 }  // namespace
 
 const SimpleEvent* findSimpleEvent(const std::string& name) {
@@ -34,8 +29,8 @@ const SimpleEvent* findSimpleEvent(const std::string& name) {
     return nullptr;
 }
 
-std::vector<std::string> eventNames() {
-    std::vector<std::string> names(std::begin(kSpecialSteps), std::end(kSpecialSteps));
+std::vector<std::string> simpleEventNames() {
+    std::vector<std::string> names;
     for (const auto& e : kSimpleEvents) names.emplace_back(e.name);
     return names;
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "core/PlayerImpl.h"
 #include "playerimpl_host/simulator.h"
@@ -16,6 +17,9 @@ struct SimpleEvent {
 
 // The row for a two-integer event name, or null.
 const SimpleEvent* findSimpleEvent(const std::string& name);
+
+// Their names, in the listener's order.
+std::vector<std::string> simpleEventNames();
 
 }  // namespace sim
 }  // namespace host
