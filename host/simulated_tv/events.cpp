@@ -12,7 +12,7 @@ using L = PlayerImplListener;
 // Two-integer listener operations, by their name without "PostEvent_".
 const SimpleEvent kSimpleEvents[] = {
 #define PIJ_LISTENER_OP(name, parameters)
-#define PIJ_LISTENER_EVENT(name) {#name + sizeof("PostEvent_") - 1, &L::name},
+#define PIJ_LISTENER_EVENT(name) {&#name[sizeof("PostEvent_") - 1], &L::name},
 #define PIJ_LISTENER_PARCEL_EVENT(name)
 #include "core/listener_operations.def"
 #undef PIJ_LISTENER_OP
