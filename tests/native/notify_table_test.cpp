@@ -1,5 +1,5 @@
-// The listener's dispatch of the service's events, in the library's own objects, with a
-// stand-in for the VM that records what would be posted. The service reaches the notify
+// The listener's dispatch of the service's events, in the library's own objects, with the
+// stand-in VM recording what would be posted. The service reaches the notify
 // dispatcher only through the lock, unlock and screen-saver operations, so its table is
 // driven here directly, together with every two-integer operation, the signal status the
 // dispatchers keep, and a listener that has no runtime. The managed codes are looked up by
@@ -18,6 +18,7 @@
 #include "core/handlers.h"
 #include "event_rows.h"
 #include "events/listener.h"
+#include "tsan/fake_jni.h"
 
 namespace {
 
@@ -26,58 +27,27 @@ std::vector<std::pair<int, std::string>> gLogs;  // priority and text
 using Post = std::tuple<jint, jint, jint, jobject>;  // code, ext1, ext2, object
 std::vector<Post> gPosts;
 
-// Static field ids are 1-based indexes into the names native_init asked for; each name
-// answers a code of its own.
-std::vector<std::string> gStaticFields;
-std::map<std::string, jint> gCodes;
-
-jint codeFor(const std::string& field) {
-    return gCodes.emplace(field, 5000 + static_cast<jint>(gCodes.size()) * 7).first->second;
-}
+// The managed code native_init read from the field of this name.
+jint codeFor(const std::string& field) { return fake::codeOf(field); }
 
 // The managed player object and its weak reference, as native_setup hands them over.
-const jobject kThiz = reinterpret_cast<jobject>(0x40);
-const jobject kWeak = reinterpret_cast<jobject>(0x50);
-
-JNINativeInterface gFunctions;
-JNIEnv gEnv{&gFunctions};
-JNIInvokeInterface gInvoke;
-JavaVM gVm{&gInvoke};
+jobject gThiz;
+jobject gWeak;
 
 class NotifyTable : public ::testing::Test {
 protected:
     static void SetUpTestSuite() {
-        gFunctions.FindClass = [](auto...) { return reinterpret_cast<jclass>(0x10); };
-        gFunctions.GetObjectClass = [](auto...) { return reinterpret_cast<jclass>(0x10); };
-        gFunctions.GetFieldID = [](auto...) { return reinterpret_cast<jfieldID>(0x20); };
-        gFunctions.GetStaticMethodID = [](auto...) { return reinterpret_cast<jmethodID>(0x30); };
-        gFunctions.GetStaticFieldID = [](JNIEnv*, jclass, const char* name, const char*) {
-            gStaticFields.emplace_back(name);
-            return reinterpret_cast<jfieldID>(gStaticFields.size());
+        fake::installEnvironment();
+        fake::gOnLog = [](int prio, const char* text) { gLogs.emplace_back(prio, text); };
+        fake::gOnPost = [](jint code, jint ext1, jint ext2, jobject obj) {
+            gPosts.push_back(Post{code, ext1, ext2, obj});
         };
-        gFunctions.GetStaticIntField = [](JNIEnv*, jclass, jfieldID id) {
-            return codeFor(gStaticFields.at(reinterpret_cast<size_t>(id) - 1));
-        };
-        gFunctions.NewGlobalRef = [](JNIEnv*, jobject o) { return o; };
-        gFunctions.DeleteGlobalRef = gFunctions.DeleteLocalRef = [](auto...) {};
-        gFunctions.ExceptionCheck = [](auto...) -> jboolean { return JNI_FALSE; };
-        gFunctions.CallStaticVoidMethodV = [](JNIEnv*, jclass, jmethodID, va_list args) {
-            va_arg(args, jobject);  // the weak reference
-            gPosts.push_back(Post{va_arg(args, jint), va_arg(args, jint), va_arg(args, jint),
-                                  va_arg(args, jobject)});
-        };
-        gFunctions.GetJavaVM = [](JNIEnv*, JavaVM** vm) {
-            *vm = &gVm;
-            return JNI_OK;
-        };
-        gInvoke.AttachCurrentThread = [](JavaVM*, JNIEnv** env, void*) {
-            *env = &gEnv;
-            return JNI_OK;
-        };
-        PIJ_IMPL(native_init)(&gEnv, nullptr);
+        gThiz = fake::keepLocal(&fake::gPlayerObject);
+        gWeak = fake::keepLocal(&fake::gWeakObject);
+        com_vireo_android_tvapi_impl_PlayerImpl_native_init(&fake::gEnv, nullptr);
     }
     void SetUp() override {
-        listener = new pij::JNIVSrvListener(&gEnv, kThiz, kWeak);
+        listener = new pij::JNIVSrvListener(&fake::gEnv, gThiz, gWeak);
         gPosts.clear();
         gLogs.clear();
     }
@@ -152,17 +122,17 @@ TEST_F(NotifyTable, TheScreenSaverLineShowsTheLastSignalStatus) {
     listener->notifyCB(0x20001023, 11, -12, &ignored);
     EXPECT_EQ(screenSaverAfter("SIGNAL_UNSTABLE", 0), "Screen saver mode = 0, Signal status:  = 0");
     listener->PostEvent_SignalLock(0, 0);
-    listener = new pij::JNIVSrvListener(&gEnv, kThiz, kWeak);  // another player's
+    listener = new pij::JNIVSrvListener(&fake::gEnv, gThiz, gWeak);  // another player's
     EXPECT_EQ(screenSaverAfter("SIGNAL_LOCK", 1), "Screen saver mode = 1, Signal status:  = 2");
 }
 
 // A listener built while the player object's class cannot be had keeps no runtime: every
 // event logs the attach error of its handler and posts nothing, and so does its end.
 TEST_F(NotifyTable, AListenerWithoutARuntimeLogsTheAttachErrorAndPostsNothing) {
-    const auto getObjectClass = gFunctions.GetObjectClass;
-    gFunctions.GetObjectClass = [](JNIEnv*, jobject) -> jclass { return nullptr; };
-    listener = new pij::JNIVSrvListener(&gEnv, kThiz, kWeak);
-    gFunctions.GetObjectClass = getObjectClass;
+    const auto getObjectClass = fake::gFunctions.GetObjectClass;
+    fake::gFunctions.GetObjectClass = [](JNIEnv*, jobject) -> jclass { return nullptr; };
+    listener = new pij::JNIVSrvListener(&fake::gEnv, gThiz, gWeak);
+    fake::gFunctions.GetObjectClass = getObjectClass;
     EXPECT_EQ(countLog(6, "Can't find com/vireo/android/tvapi/jninative/NativePlayerImpl"), 1);
     EXPECT_EQ(countLog(6, "[Fatal jni_exception] JNIVSrvListener(418), java/lang/Exception"), 1);
 
@@ -183,15 +153,3 @@ TEST_F(NotifyTable, AListenerWithoutARuntimeLogsTheAttachErrorAndPostsNothing) {
 }
 
 }  // namespace
-
-// The library's log lines land here.
-extern "C" __attribute__((visibility("default"))) int __android_log_print(int prio, const char*,
-                                                                          const char* fmt, ...) {
-    char buf[1024];
-    va_list ap;
-    va_start(ap, fmt);
-    vsnprintf(buf, sizeof buf, fmt, ap);
-    va_end(ap);
-    gLogs.emplace_back(prio, buf);
-    return 1;
-}

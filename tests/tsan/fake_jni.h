@@ -1,23 +1,45 @@
 // A stand-in for the JNI environment and the VM, enough for the library's call frame,
-// player replacement, listener and payload events to run without a JVM: a player object with
-// its two long fields, global and local references as heap handles (so that a reference
-// used after its deletion is visible to the sanitizers), thread attachment, and a static
-// call that counts posts. Shared by the ThreadSanitizer run and the payload fuzzer.
+// player replacement, native_init, listener and payload events to run without a JVM: a player
+// object with its two long fields, global and local references as heap handles (so that a
+// reference used after its deletion is visible to the sanitizers), static int fields that
+// each answer a code of their own, thread attachment, and a static call that counts posts.
+// Shared by the ThreadSanitizer run, the payload fuzzer, the native dispatcher test and the
+// key report.
 #pragma once
 
 #include <jni.h>
 
 #include <atomic>
 #include <cstdarg>
+#include <cstdio>
+#include <functional>
+#include <map>
 #include <mutex>
+#include <string>
 #include <vector>
 
 #include "core/context.h"
 
-// The library logs through the platform log; here every line is dropped.
-extern "C" __attribute__((visibility("default"))) int __android_log_print(int, const char*,
-                                                                          const char*, ...) {
-    return 0;
+namespace fake {
+
+// Where the library's log lines go: dropped unless a user sets this (priority and text).
+inline std::function<void(int, const char*)> gOnLog;
+// Every post of an event: code, ext1, ext2 and object, after it is counted.
+inline std::function<void(jint, jint, jint, jobject)> gOnPost;
+
+}  // namespace fake
+
+// The library logs through the platform log.
+extern "C" __attribute__((visibility("default"))) int __android_log_print(int prio, const char*,
+                                                                          const char* fmt, ...) {
+    if (!fake::gOnLog) return 0;
+    char buf[1024];
+    va_list ap;
+    va_start(ap, fmt);
+    std::vsnprintf(buf, sizeof buf, fmt, ap);
+    va_end(ap);
+    fake::gOnLog(prio, buf);
+    return 1;
 }
 
 namespace fake {
@@ -46,6 +68,14 @@ inline jobject newHandle(Object* o) {
 inline jfieldID const kContextField = reinterpret_cast<jfieldID>(1);
 inline jfieldID const kSurfaceField = reinterpret_cast<jfieldID>(2);
 inline jfieldID const kOtherField = reinterpret_cast<jfieldID>(3);
+
+// Static int fields: each name asked for answers a code of its own (5000, 5007, ...); their
+// ids are 1-based indexes into the names.
+inline std::vector<std::string> gStaticFields;
+inline std::map<std::string, jint> gCodes;
+inline jint codeOf(const std::string& field) {
+    return gCodes.emplace(field, 5000 + static_cast<jint>(gCodes.size()) * 7).first->second;
+}
 
 inline jobject JNICALL newGlobal(JNIEnv*, jobject obj) {
     if (obj == nullptr) return nullptr;
@@ -100,7 +130,20 @@ inline void installEnvironment() {
     f.GetObjectClass = [](JNIEnv*, jobject) { return jclass(keepLocal(&gClassObject)); };
     f.FindClass = [](JNIEnv*, const char*) { return jclass(keepLocal(&gClassObject)); };
     f.GetMethodID = [](JNIEnv*, jclass, const char*, const char*) { return jmethodID(1); };
-    f.GetFieldID = [](JNIEnv*, jclass, const char*, const char*) { return kOtherField; };
+    f.GetFieldID = [](JNIEnv*, jclass, const char* name, const char*) {
+        const std::string n = name;
+        return n == "mNativeContext"          ? kContextField
+               : n == "mNativeSurfaceTexture" ? kSurfaceField
+                                              : kOtherField;
+    };
+    f.GetStaticMethodID = [](JNIEnv*, jclass, const char*, const char*) { return jmethodID(1); };
+    f.GetStaticFieldID = [](JNIEnv*, jclass, const char* name, const char*) {
+        gStaticFields.emplace_back(name);
+        return reinterpret_cast<jfieldID>(gStaticFields.size());
+    };
+    f.GetStaticIntField = [](JNIEnv*, jclass, jfieldID id) {
+        return codeOf(gStaticFields.at(reinterpret_cast<size_t>(id) - 1));
+    };
     f.NewObjectV = [](JNIEnv*, jclass, jmethodID, va_list) { return madeObject(); };
     f.AllocObject = [](JNIEnv*, jclass) { return madeObject(); };
     f.ExceptionCheck = [](JNIEnv*) -> jboolean { return JNI_FALSE; };
@@ -119,6 +162,11 @@ inline void installEnvironment() {
         deref(cls);                    // the listener's class reference must still be alive
         deref(va_arg(args, jobject));  // and so must its weak reference
         gPosts.fetch_add(1);
+        const jint code = va_arg(args, jint);
+        const jint ext1 = va_arg(args, jint);
+        const jint ext2 = va_arg(args, jint);
+        jobject obj = va_arg(args, jobject);
+        if (gOnPost) gOnPost(code, ext1, ext2, obj);
     };
     f.GetJavaVM = [](JNIEnv*, JavaVM** vm) -> jint {
         *vm = &gVm;

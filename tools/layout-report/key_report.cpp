@@ -1,11 +1,10 @@
-// The key-forwarding handlers, run natively: a hand-made JNIEnv whose GetLongField hands
-// out a recording player, so the library's own handlers translate every managed key code on
+// The key-forwarding handlers, run natively: the stand-in VM's player object holds a
+// recording player, so the library's own handlers translate every managed key code on
 // whichever CPU this runs on. Prints one "key" line per key that reaches the player (the
 // cross-build script diffs these between x86-64 and AArch64) and checks the translations
 // the remote-control documentation pins down.
 #include <jni.h>
 
-#include <cstdarg>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -15,6 +14,7 @@
 #include "core/context.h"
 #include "core/handlers.h"
 #include "native_report.h"
+#include "tsan/fake_jni.h"
 
 namespace {
 
@@ -39,22 +39,9 @@ public:
     }
 };
 
-jlong gPlayerAddress = 0;
-
-jlong fakeGetLongField(JNIEnv*, jobject, jfieldID) { return gPlayerAddress; }
-
-struct FakeEnv {
-    JNINativeInterface functions{};
-    _JNIEnv env{};
-    FakeEnv() {
-        functions.GetLongField = fakeGetLongField;
-        env.functions = &functions;
-    }
-};
-
 jobject fakeThis() {
-    static int anchor;
-    return reinterpret_cast<jobject>(&anchor);
+    static jobject thiz = fake::keepLocal(&fake::gPlayerObject);
+    return thiz;
 }
 
 void expect(bool ok, const char* what, int key) {
@@ -66,28 +53,15 @@ void expect(bool ok, const char* what, int key) {
 
 }  // namespace
 
-// The library logs through liblog; here its lines are kept, not printed.
-extern "C" int __android_log_print(int, const char*, const char* fmt, ...) {
-    char buf[512];
-    va_list ap;
-    va_start(ap, fmt);
-    std::vsnprintf(buf, sizeof buf, fmt, ap);
-    va_end(ap);
-    gLastLog = buf;
-    return 0;
-}
-
 namespace native_report {
 
 void reportKeys() {
-    FakeEnv fake;
-    JNIEnv* env = &fake.env;
-    // As if native_init had run: the handlers read the context field through this id (the
-    // hand-made GetLongField ignores it).
-    static int contextField;
-    pij::gPlayerFields.context = reinterpret_cast<jfieldID>(&contextField);
+    // As if native_init had run: the context field of the player object holds the player.
+    fake::installEnvironment();
+    fake::gOnLog = [](int, const char* text) { gLastLog = text; };
+    JNIEnv* env = &fake::gEnv;
     android::sp<KeyRecorder> player = new KeyRecorder;
-    gPlayerAddress = reinterpret_cast<jlong>(player.get());
+    fake::gPlayerObject.context = reinterpret_cast<jlong>(player.get());
 
     int general = 0;
     int mheg5 = 0;
@@ -131,7 +105,7 @@ void reportKeys() {
     expect(translate(-1, false) == -1, "negative key", -1);
 
     // Without a player: false and the failure line, naming each handler's own class.
-    gPlayerAddress = 0;
+    fake::gPlayerObject.context = 0;
     expect(PIJ_IMPL(processKey)(env, fakeThis(), 19, JNI_TRUE) == JNI_FALSE, "no player", 19);
     expect(gLastLog ==
                "[Fatal jni_exception] com_vireo_android_tvapi_impl_PlayerImpl_processKey(3131), "
