@@ -12,10 +12,9 @@
 
 #include "core/context.h"
 #include "core/log.h"
-#include "core/service_text.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
-#include "marshal/value_classes.h"
+#include "marshal/marshal_util.h"
 
 // The digital scan progress as the service lays it out in its parcel; the record's widths
 // decide the narrowing (unsigned truncation) and the widening (zero extension).
@@ -38,70 +37,80 @@ namespace pij {
 
 namespace {
 
-// ---- Managed value classes, with the fields this file sets, in the order it sets them ----
+// ---- Managed value classes, each described by the values it is filled from ----
 
-const ManagedClass kAtvEventScan{"com/vireo/android/tvapi/atv/vo/AtvEventScan",
-                                 {{"percent", "S"},
-                                  {"frequencyKHz", "I"},
-                                  {"scannedChannelNum", "S"},
-                                  {"curScannedChannel", "S"},
-                                  {"bIsScaningEnable", "Z"}}};
-PIJ_REGISTER_VALUE_CLASS(kAtvEventScan);
-enum AtvField { kPercent, kFrequencyKHz, kScannedChannelNum, kCurScannedChannel, kScanEnable };
-
-const ManagedClass kDtvEventScan{"com/vireo/android/tvapi/dtv/vo/DtvEventScan",
-                                 {{"scanStatus", "I"},
-                                  {"currRFCh", "S"},
-                                  {"scanPercentageNum", "S"},
-                                  {"dtvSrvCount", "S"},
-                                  {"radioSrvCount", "S"},
-                                  {"dataSrvCount", "S"},
-                                  {"signalQuality", "S"},
-                                  {"signalStrength", "S"},
-                                  {"currFrequency", "I"},
-                                  {"userData", "I"},
-                                  {"isVHF", "Z"},
-                                  {"rfSignalName", "Ljava/lang/String;"}}};
-PIJ_REGISTER_VALUE_CLASS(kDtvEventScan);
-enum DtvField {
-    kScanStatus,
-    kCurrRFCh,
-    kScanPercentageNum,
-    kDtvSrvCount,
-    kRadioSrvCount,
-    kDataSrvCount,
-    kSignalQuality,
-    kSignalStrength,
-    kCurrFrequency,
-    kUserData,
-    kIsVHF,
-    kRfSignalName
+// Analogue progress: six int32 values, the sixth becoming ext2.
+struct AtvValues {
+    int8_t percent;  // the service sends a signed percentage in an int32
+    int32_t frequencyKHz;
+    int16_t scannedChannelNum;
+    int16_t curScannedChannel;
+    bool bIsScaningEnable;
+    int32_t ext2;
 };
 
-const ManagedClass kHbbtvEventInfo{"com/vireo/android/tvapi/common/vo/HbbtvEventInfo",
-                                   {{"eEvent", "I"}, {"param", "[I"}}};
-PIJ_REGISTER_VALUE_CLASS(kHbbtvEventInfo);
-enum HbbtvField { kEEvent, kParam };
-constexpr int kHbbtvParams = 10;
+constexpr Field<AtvValues> kAtvFields[] = {
+    PIJ_FIELD(AtvValues, percent, S),           PIJ_FIELD(AtvValues, frequencyKHz, I),
+    PIJ_FIELD(AtvValues, scannedChannelNum, S), PIJ_FIELD(AtvValues, curScannedChannel, S),
+    PIJ_FIELD(AtvValues, bIsScaningEnable, Z),
+};
+constexpr auto kAtvEventScan =
+    valueClass("com/vireo/android/tvapi/atv/vo/AtvEventScan", kAtvFields);
+PIJ_REGISTER_VALUE_CLASS(kAtvEventScan);
 
-constexpr int kMaxFields = 12;
+// Zero extension of the record's unsigned fields, then the managed field's width.
+constexpr Field<DtvEventScanRec> kDtvFields[] = {
+    PIJ_FIELD(DtvEventScanRec, scanStatus, I),
+    PIJ_FIELD(DtvEventScanRec, currRFCh, S),
+    PIJ_FIELD(DtvEventScanRec, scanPercentageNum, S),
+    PIJ_FIELD(DtvEventScanRec, dtvSrvCount, S),
+    PIJ_FIELD(DtvEventScanRec, radioSrvCount, S),
+    PIJ_FIELD(DtvEventScanRec, dataSrvCount, S),
+    PIJ_FIELD(DtvEventScanRec, signalQuality, S),
+    PIJ_FIELD(DtvEventScanRec, signalStrength, S),
+    PIJ_FIELD(DtvEventScanRec, currFrequency, I),
+    PIJ_FIELD(DtvEventScanRec, userData, I),
+    PIJ_FIELD(DtvEventScanRec, isVHF, Z),
+    PIJ_FIELD(DtvEventScanRec, rfSignalName, L),
+};
+constexpr auto kDtvEventScan =
+    valueClass("com/vireo/android/tvapi/dtv/vo/DtvEventScan", kDtvFields);
+PIJ_REGISTER_VALUE_CLASS(kDtvEventScan);
+
+constexpr int kHbbtvParams = 10;
+struct HbbtvValues {
+    int32_t eEvent;
+    int32_t param[kHbbtvParams];
+};
+constexpr Field<HbbtvValues> kHbbtvFields[] = {
+    PIJ_FIELD(HbbtvValues, eEvent, I),
+    PIJ_FIELD(HbbtvValues, param, I),
+};
+constexpr auto kHbbtvEventInfo =
+    valueClass("com/vireo/android/tvapi/common/vo/HbbtvEventInfo", kHbbtvFields);
+PIJ_REGISTER_VALUE_CLASS(kHbbtvEventInfo);
+
 // References made per event: class, object, array or string, with room to spare.
 constexpr jint kEventFrame = 8;
 
-// Looks up every field of `mc` on `clazz`, in list order (the ids are not cached: the
-// service may outlive a managed class). A field the managed class lacks is a build mismatch,
-// not data: the runtime's error is cleared (nobody on a service thread would ever see it,
-// and it would poison every later call on the thread), one ERROR line is written and the
-// event is dropped instead of writing through a null field id.
-bool lookupFields(JNIEnv* env, jclass clazz, const ManagedClass& mc, jfieldID* ids) {
-    for (size_t i = 0; i < mc.fields.size(); ++i) {
-        const ManagedField& f = mc.fields[i];
-        ids[i] = env->GetFieldID(clazz, f.name, f.signature);
-        if (ids[i] == nullptr) {
-            env->ExceptionClear();
-            ALOGE("%s has no field %s %s", mc.path, f.name, f.signature);
-            return false;
-        }
+// Fills `obj`, of the class `clazz`, from `values`; the ids are looked up on every event (not
+// cached: the service may outlive a managed class). A field the managed class lacks is a
+// build mismatch, not data: the runtime's error is cleared (nobody on a service thread would
+// ever see it, and it would poison every later call on the thread), one ERROR line is
+// written and the event is dropped instead of writing through a null field id. No memory
+// for a string or array drops the event the same way.
+template <typename Rec>
+bool fillEventObject(JNIEnv* env, jclass clazz, jobject obj, const ValueClass<Rec>& vc,
+                     const Rec& values, const char* what) {
+    FieldIds ids;
+    if (!lookUpOn(env, clazz, vc, &ids)) {
+        clearMissingField(env, vc, ids);
+        return false;
+    }
+    if (!toObject(Copy{env, what}, obj, vc, ids, values)) {
+        env->ExceptionClear();
+        ALOGE("%s: no memory for the event object", what);
+        return false;
     }
     return true;
 }
@@ -123,23 +132,13 @@ bool takeScanObject(JNIEnv* env, const std::atomic<jclass>& classSlot,
     return c != nullptr && o != nullptr;
 }
 
-// Analogue progress: six int32 values, the sixth becoming ext2.
-struct AtvValues {
-    int8_t percent;  // the service sends a signed percentage in an int32
-    int32_t frequencyKHz;
-    int16_t scannedChannelNum;
-    int16_t curScannedChannel;
-    bool scanEnable;
-    int32_t ext2;
-};
-
 AtvValues readAtv(const android::Parcel& p) {
     AtvValues v{};
     v.percent = static_cast<int8_t>(p.readInt32());
     v.frequencyKHz = p.readInt32();
     v.scannedChannelNum = static_cast<int16_t>(p.readInt32());
     v.curScannedChannel = static_cast<int16_t>(p.readInt32());
-    v.scanEnable = p.readInt32() != 0;
+    v.bIsScaningEnable = p.readInt32() != 0;
     v.ext2 = p.readInt32();
     return v;
 }
@@ -167,7 +166,7 @@ void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvS
     JNIEnv* env = listener.beginEvent(k.name, k.attachLine);
     const AtvValues v = readAtv(p);
     ALOGD("%s: %d, %d, %d, %d, %d", k.progress, v.percent, v.frequencyKHz, v.scannedChannelNum,
-          v.curScannedChannel, v.scanEnable ? 1 : 0);
+          v.curScannedChannel, v.bIsScaningEnable ? 1 : 0);
     // Without an environment there is no managed side to fill: the attach line has been
     // written; the event ends here rather than calling through a null environment.
     if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
@@ -175,15 +174,9 @@ void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvS
     }
     jclass clazz = nullptr;
     jobject obj = nullptr;
-    jfieldID ids[kMaxFields];
     if (!takeScanObject(env, gScan.atvClass, gScan.atv, &clazz, &obj)) {
         ALOGD("playerimpl has been finalized");
-    } else if (lookupFields(env, clazz, kAtvEventScan, ids)) {
-        env->SetShortField(obj, ids[kPercent], v.percent);
-        env->SetIntField(obj, ids[kFrequencyKHz], v.frequencyKHz);
-        env->SetShortField(obj, ids[kScannedChannelNum], v.scannedChannelNum);
-        env->SetShortField(obj, ids[kCurScannedChannel], v.curScannedChannel);
-        env->SetBooleanField(obj, ids[kScanEnable], v.scanEnable ? JNI_TRUE : JNI_FALSE);
+    } else if (fillEventObject(env, clazz, obj, kAtvEventScan, v, k.name)) {
         listener.post(listener.attach("notify", 448), eventCode(k.code), 0, v.ext2, obj);
     }
     env->PopLocalFrame(nullptr);
@@ -214,27 +207,9 @@ void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
     }
     jclass clazz = nullptr;
     jobject obj = nullptr;
-    jfieldID ids[kMaxFields];
     if (!takeScanObject(env, gScan.dtvClass, gScan.dtv, &clazz, &obj)) {
         ALOGD("playerimpl has been finalized");
-    } else if (lookupFields(env, clazz, kDtvEventScan, ids)) {
-        // Zero extension of the record's unsigned fields, then the managed field's width.
-        env->SetIntField(obj, ids[kScanStatus], static_cast<jint>(rec.scanStatus));
-        env->SetShortField(obj, ids[kCurrRFCh], static_cast<jshort>(rec.currRFCh));
-        env->SetShortField(obj, ids[kScanPercentageNum],
-                           static_cast<jshort>(rec.scanPercentageNum));
-        env->SetShortField(obj, ids[kDtvSrvCount], static_cast<jshort>(rec.dtvSrvCount));
-        env->SetShortField(obj, ids[kRadioSrvCount], static_cast<jshort>(rec.radioSrvCount));
-        env->SetShortField(obj, ids[kDataSrvCount], static_cast<jshort>(rec.dataSrvCount));
-        env->SetShortField(obj, ids[kSignalQuality], static_cast<jshort>(rec.signalQuality));
-        env->SetShortField(obj, ids[kSignalStrength], static_cast<jshort>(rec.signalStrength));
-        env->SetIntField(obj, ids[kCurrFrequency], static_cast<jint>(rec.currFrequency));
-        env->SetIntField(obj, ids[kUserData], static_cast<jint>(rec.userData));
-        env->SetBooleanField(obj, ids[kIsVHF], rec.isVHF ? JNI_TRUE : JNI_FALSE);
-        jstring name =
-            newStringFromService(env, rec.rfSignalName.c_str(), "PostEvent_DtvAutoTuning");
-        env->SetObjectField(obj, ids[kRfSignalName], name);
-        env->DeleteLocalRef(name);
+    } else if (fillEventObject(env, clazz, obj, kDtvEventScan, rec, "PostEvent_DtvAutoTuning")) {
         listener.post(listener.attach("notify", 448), eventCode(EDTV_AUTO_TUNING_SCAN_INFO), 0,
                       ext2, obj);
     }
@@ -245,9 +220,9 @@ void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
 void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
     ALOGD("PostEvent_HbbtvEvent");
     JNIEnv* env = listener.beginEvent("PostEvent_HbbtvEvent", 862);
-    const jint event = p.readInt32();
-    jint params[kHbbtvParams];
-    for (jint& v : params) {
+    HbbtvValues values{};
+    values.eEvent = p.readInt32();
+    for (int32_t& v : values.param) {
         v = p.readInt32();
     }
     const jint ext2 = p.readInt32();
@@ -256,25 +231,15 @@ void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
     }
     // Class, constructor and object first, then the fields, as the service's own order of
     // work; a missing class, constructor or field, or no memory, drops the event with an
-    // ERROR line instead of writing through a null id (see lookupFields).
+    // ERROR line instead of writing through a null id (see fillEventObject).
     jclass clazz = env->FindClass(kHbbtvEventInfo.path);
     jmethodID init = clazz != nullptr ? env->GetMethodID(clazz, "<init>", "()V") : nullptr;
     jobject obj = init != nullptr ? env->NewObject(clazz, init) : nullptr;
-    jfieldID ids[kMaxFields];
     if (obj == nullptr) {
         env->ExceptionClear();
         ALOGE("%s: no class, constructor or memory for the event object", kHbbtvEventInfo.path);
-    } else if (lookupFields(env, clazz, kHbbtvEventInfo, ids)) {
-        env->SetIntField(obj, ids[kEEvent], event);
-        jintArray array = env->NewIntArray(kHbbtvParams);
-        if (array == nullptr) {
-            env->ExceptionClear();  // out of managed memory: drop this event
-            ALOGE("PostEvent_HbbtvEvent: no memory for the event object");
-        } else {
-            env->SetIntArrayRegion(array, 0, kHbbtvParams, params);
-            env->SetObjectField(obj, ids[kParam], array);
-            listener.post(listener.attach("notify", 448), eventCode(EHBBTV_UI_EVENT), 0, ext2, obj);
-        }
+    } else if (fillEventObject(env, clazz, obj, kHbbtvEventInfo, values, "PostEvent_HbbtvEvent")) {
+        listener.post(listener.attach("notify", 448), eventCode(EHBBTV_UI_EVENT), 0, ext2, obj);
     }
     env->PopLocalFrame(nullptr);
 }

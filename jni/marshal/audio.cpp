@@ -11,61 +11,56 @@
 
 namespace {
 
-using pij::FieldCopy;
-using pij::Jt;
-using pij::ManagedClass;
+using pij::Copy;
+using pij::Field;
 
-enum DtvAudioField : uint8_t { kLangNum, kInfos, kCurIndex, kCurMode };
-const ManagedClass kDtvAudioInfo{"com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
-                                 {{"audioLangNum", "S"},
-                                  {"audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;"},
-                                  {"currentAudioIndex", "S"},
-                                  {"currentChannelMode", "S"}}};
-PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
-
-enum AudioField : uint8_t { kLang, kPid, kType, kMixAd, kAacType, kAacProfile };
-const ManagedClass kAudioInfo{"com/vireo/android/tvapi/dtv/vo/AudioInfo",
-                              {{"isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;"},
-                               {"audioPid", "I"},
-                               {"audioType", "S"},
-                               {"broadcastMixAd", "Z"},
-                               {"aacType", "S"},
-                               {"aacProfileAndLevel", "S"}}};
-PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
-
-enum LangField : uint8_t { kLangChars, kLangMode, kLangType, kLangValid };
-const ManagedClass kLangIso639{
-    "com/vireo/android/tvapi/dtv/vo/LangIso639",
-    {{"isoLangInfo", "[C"}, {"audioMode", "S"}, {"audioType", "S"}, {"isValid", "Z"}}};
+// A track's language. The three characters go whatever isValid says; the bytes are signed,
+// so 0x80 gives U+FF80.
+constexpr Field<LangIso639Rec> kLangFields[] = {
+    PIJ_FIELD(LangIso639Rec, audioMode, S),
+    PIJ_FIELD(LangIso639Rec, audioType, S),
+    PIJ_FIELD(LangIso639Rec, isValid, Z),
+    PIJ_FIELD(LangIso639Rec, isoLangInfo, C),
+};
+constexpr auto kLangLookup =
+    pij::orderOf(kLangFields, "isoLangInfo", "audioMode", "audioType", "isValid");
+constexpr auto kLangIso639 =
+    pij::valueClass("com/vireo/android/tvapi/dtv/vo/LangIso639", kLangFields, &kLangLookup);
 PIJ_REGISTER_VALUE_CLASS(kLangIso639);
 
-const FieldCopy<DtvAudioInfoRec> kDtvAudioRows[] = {
-    PIJ_COPY(Jt::S, &DtvAudioInfoRec::audioLangNum)(kLangNum),
-    PIJ_COPY(Jt::S, &DtvAudioInfoRec::currentAudioIndex)(kCurIndex),
-    PIJ_COPY(Jt::S, &DtvAudioInfoRec::currentChannelMode)(kCurMode),
-};
+// The ids of the classes nested in DtvAudioInfo, in Copy::nested (see audioInfo).
+enum Nested { kNestedTrack, kNestedLang };
 
-const FieldCopy<AudioInfoRec> kAudioRows[] = {
-    PIJ_COPY(Jt::I, &AudioInfoRec::audioPid)(kPid),
-    PIJ_COPY(Jt::S, &AudioInfoRec::audioType)(kType),
-    PIJ_COPY(Jt::S, &AudioInfoRec::aacType)(kAacType),
-    PIJ_COPY(Jt::S, &AudioInfoRec::aacProfileAndLevel)(kAacProfile),
-    PIJ_COPY(Jt::Z, &AudioInfoRec::broadcastMixAd)(kMixAd),
-};
+// A track's isoLangInfo: a new LangIso639.
+bool langOut(const Copy& c, jobject track, jfieldID id, const AudioInfoRec& entry) {
+    const pij::FieldIds& ids = c.nested[kNestedLang];
+    jobject lang = pij::allocate(c.env, ids);
+    if (lang == nullptr || !pij::toObject(c, lang, kLangIso639, ids, entry.isoLangInfo)) {
+        return false;
+    }
+    c.env->SetObjectField(track, id, lang);
+    c.env->DeleteLocalRef(lang);
+    return true;
+}
 
-const FieldCopy<LangIso639Rec> kLangRows[] = {
-    PIJ_COPY(Jt::S, &LangIso639Rec::audioMode)(kLangMode),
-    PIJ_COPY(Jt::S, &LangIso639Rec::audioType)(kLangType),
-    PIJ_COPY(Jt::Z, &LangIso639Rec::isValid)(kLangValid),
+constexpr Field<AudioInfoRec> kTrackFields[] = {
+    PIJ_FIELD(AudioInfoRec, audioPid, I),
+    PIJ_FIELD(AudioInfoRec, audioType, S),
+    PIJ_FIELD(AudioInfoRec, aacType, S),
+    PIJ_FIELD(AudioInfoRec, aacProfileAndLevel, S),
+    PIJ_FIELD(AudioInfoRec, broadcastMixAd, Z),
+    pij::customField<AudioInfoRec>("isoLangInfo", "Lcom/vireo/android/tvapi/dtv/vo/LangIso639;",
+                                   &langOut),
 };
-
-// Source lines the failure reports carry.
-constexpr int kLineAudioInfo = 2225;
-constexpr int kLineAudioInfoEx = 2307;
+constexpr auto kTrackLookup = pij::orderOf(kTrackFields, "isoLangInfo", "audioPid", "audioType",
+                                           "broadcastMixAd", "aacType", "aacProfileAndLevel");
+constexpr auto kAudioInfo =
+    pij::valueClass("com/vireo/android/tvapi/dtv/vo/AudioInfo", kTrackFields, &kTrackLookup);
+PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
 
 // The number of entries to convert. The record holds 16; a larger count would read past it,
 // so at most 16 are read, with an ERROR line. A negative count is returned as it is and
-// refused by buildAudioInfo.
+// refused by tracksOut.
 jsize usableTrackCount(const char* what, int16_t count) {
     if (count > kMaxAudioTracks) {
         ALOGE("%s: audio track count %d exceeds %d, reading %d", what, count, kMaxAudioTracks,
@@ -75,18 +70,10 @@ jsize usableTrackCount(const char* what, int16_t count) {
     return count;
 }
 
-jobject buildAudioInfo(JNIEnv* env, const char* what, const DtvAudioInfoRec& rec) {
-    jclass dtvCls = env->FindClass(kDtvAudioInfo.path);
-    const pij::FieldIds dtvIds = pij::lookupFields(env, dtvCls, kDtvAudioInfo);
-    jclass audioCls = env->FindClass(kAudioInfo.path);
-    const pij::FieldIds audioIds = pij::lookupFields(env, audioCls, kAudioInfo);
-    jclass langCls = env->FindClass(kLangIso639.path);
-    const pij::FieldIds langIds = pij::lookupFields(env, langCls, kLangIso639);
-
-    jobject result = env->AllocObject(dtvCls);
-    pij::copyFields(env, result, dtvIds, kDtvAudioRows, rec);
-
-    const jsize count = usableTrackCount(what, rec.audioLangNum);
+// audioInfos: one AudioInfo per valid track.
+bool tracksOut(const Copy& c, jobject result, jfieldID id, const DtvAudioInfoRec& rec) {
+    JNIEnv* env = c.env;
+    const jsize count = usableTrackCount(c.caller, rec.audioLangNum);
     // A negative count gets the outcome a refused array length gives the managed caller: a
     // pending NegativeArraySizeException and no loop. The exception is raised here rather
     // than by asking for the array: on the device's runtime NewObjectArray with a negative
@@ -95,43 +82,54 @@ jobject buildAudioInfo(JNIEnv* env, const char* what, const DtvAudioInfoRec& rec
         char length[8];
         snprintf(length, sizeof length, "%d", count);
         env->ThrowNew(env->FindClass("java/lang/NegativeArraySizeException"), length);
-        return result;
+        return false;
     }
-    jobjectArray tracks = env->NewObjectArray(count, audioCls, nullptr);
-    // No array (no memory): the VM's exception is pending, so no further call goes into the
-    // VM; the managed caller gets that exception, not the half-made object.
-    if (tracks == nullptr) return result;
+    const pij::FieldIds& trackIds = c.nested[kNestedTrack];
+    jobjectArray tracks = env->NewObjectArray(count, trackIds.cls, nullptr);
+    // No array (no memory): the runtime's exception is pending, so no further call goes into
+    // the VM; the managed caller gets that exception, not a half-made object.
+    if (tracks == nullptr) return false;
     for (jsize i = 0; i < count; ++i) {
-        const AudioInfoRec& entry = rec.audioInfos[i];
-        jobject track = env->AllocObject(audioCls);
-        pij::copyFields(env, track, audioIds, kAudioRows, entry);
-
-        jobject lang = env->AllocObject(langCls);
-        pij::copyFields(env, lang, langIds, kLangRows, entry.isoLangInfo);
-        // All three characters, whatever isValid says; signed bytes, so 0x80 gives U+FF80.
-        pij::setWidenedArrayField<jchar>(env, lang, langIds[kLangChars],
-                                         entry.isoLangInfo.isoLangInfo, 3);
-        env->SetObjectField(track, audioIds[kLang], lang);
-        env->DeleteLocalRef(lang);
-
+        jobject track = pij::allocate(env, trackIds);
+        if (track == nullptr || !pij::toObject(c, track, kAudioInfo, trackIds, rec.audioInfos[i])) {
+            return false;
+        }
         env->SetObjectArrayElement(tracks, i, track);
         env->DeleteLocalRef(track);
     }
-    env->SetObjectField(result, dtvIds[kInfos], tracks);
+    env->SetObjectField(result, id, tracks);
     env->DeleteLocalRef(tracks);
-    return result;
+    return true;
 }
+
+constexpr Field<DtvAudioInfoRec> kDtvAudioFields[] = {
+    PIJ_FIELD(DtvAudioInfoRec, audioLangNum, S),
+    PIJ_FIELD(DtvAudioInfoRec, currentAudioIndex, S),
+    PIJ_FIELD(DtvAudioInfoRec, currentChannelMode, S),
+    pij::customField<DtvAudioInfoRec>("audioInfos", "[Lcom/vireo/android/tvapi/dtv/vo/AudioInfo;",
+                                      &tracksOut),
+};
+constexpr auto kDtvAudioLookup = pij::orderOf(kDtvAudioFields, "audioLangNum", "audioInfos",
+                                              "currentAudioIndex", "currentChannelMode");
+constexpr auto kDtvAudioInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
+                                               kDtvAudioFields, &kDtvAudioLookup);
+PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
+
+// Source lines the failure reports carry.
+constexpr int kLineAudioInfo = 2225;
+constexpr int kLineAudioInfoEx = 2307;
 
 template <typename Query>
 jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const char* what,
                   Query query) {
     ALOGD("%s", what);
-    return pij::withPlayer(env, thiz, pij::Site{fn, line, pij::Exc::TvIpc}, jobject{},
-                           [&](PlayerImpl& p) {
-                               DtvAudioInfoRec rec{};  // cleared; the player fills it
-                               (p.*query)(rec);
-                               return buildAudioInfo(env, what, rec);
-                           });
+    return pij::withPlayer(
+        env, thiz, pij::Site{fn, line, pij::Exc::TvIpc}, jobject{}, [&](PlayerImpl& p) {
+            DtvAudioInfoRec rec{};  // cleared; the player fills it
+            (p.*query)(rec);
+            // The tracks' classes are found with DtvAudioInfo, before the result is made.
+            return pij::newObjectWithNested(env, what, kDtvAudioInfo, kAudioInfo, kLangIso639, rec);
+        });
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
-#include "marshal/value_classes.h"
+#include "marshal/marshal_util.h"
 
 namespace {
 
@@ -23,34 +23,23 @@ constexpr int kLineDrawPreviewNoPlayer = 3851;
 constexpr int kLineDrawPreviewNullSetting = 3855;
 constexpr int kLineDrawPreviewNoClass = 3861;
 
-const pij::ManagedClass kCaptionClass{"com/vireo/android/tvapi/common/vo/CaptionOptionSetting",
-                                      {{"currProgInfoFGColor", "S"},
-                                       {"currProgInfoBGColor", "S"},
-                                       {"currProgInfoFGOpacity", "S"},
-                                       {"currProgInfoBGOpacity", "S"},
-                                       {"currProgInfoFontSize", "S"},
-                                       {"currProgInfoFontStyle", "S"},
-                                       {"currProgInfoEdgeStyle", "S"},
-                                       {"currProgInfoEdgeColor", "S"},
-                                       {"currProgInfoItalicsAttr", "S"},
-                                       {"currProgInfoUnderlineAttr", "S"}}};
-PIJ_REGISTER_VALUE_CLASS(kCaptionClass);
-
-// The record byte each managed field goes to, in the order of the class list.
-using CaptionMember = uint8_t CaptionOptionSettingRec::*;
-const CaptionMember kCaptionMembers[] = {
-    &CaptionOptionSettingRec::currProgInfoFGColor,
-    &CaptionOptionSettingRec::currProgInfoBGColor,
-    &CaptionOptionSettingRec::currProgInfoFGOpacity,
-    &CaptionOptionSettingRec::currProgInfoBGOpacity,
-    &CaptionOptionSettingRec::currProgInfoFontSize,
-    &CaptionOptionSettingRec::currProgInfoFontStyle,
-    &CaptionOptionSettingRec::currProgInfoEdgeStyle,
-    &CaptionOptionSettingRec::currProgInfoEdgeColor,
-    &CaptionOptionSettingRec::currProgInfoItalicsAttr,
-    &CaptionOptionSettingRec::currProgInfoUnderlineAttr,
+// Read in this order, each id fetched just before its field; each short keeps its low 8
+// bits, with no range test: 258 becomes 2.
+constexpr pij::Field<CaptionOptionSettingRec> kCaptionFields[] = {
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoFGColor, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoBGColor, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoFGOpacity, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoBGOpacity, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoFontSize, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoFontStyle, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoEdgeStyle, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoEdgeColor, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoItalicsAttr, S),
+    PIJ_FIELD(CaptionOptionSettingRec, currProgInfoUnderlineAttr, S),
 };
-constexpr size_t kCaptionFields = sizeof(kCaptionMembers) / sizeof(kCaptionMembers[0]);
+constexpr auto kCaptionOptionSetting =
+    pij::valueClass("com/vireo/android/tvapi/common/vo/CaptionOptionSetting", kCaptionFields);
+PIJ_REGISTER_VALUE_CLASS(kCaptionOptionSetting);
 
 // Byte logo: the bytes, then A and B.
 constexpr jsize kLogoDataLength = kLogoCapacity + 2;
@@ -60,29 +49,31 @@ constexpr jsize kLogoDataLength = kLogoCapacity + 2;
 PIJ_EXPORT jboolean PIJ_IMPL(drawPreviewCCWin)(JNIEnv* env, jobject thiz, jobject setting) {
     ALOGD("drawPreviewCCWin");
     const char* fn = __func__;  // inside the body below __func__ would name the lambda
-    return pij::withPlayer(
-        env, thiz, Site{__func__, kLineDrawPreviewNoPlayer, Exc::IllegalState}, jboolean{JNI_FALSE},
-        [&](PlayerImpl& p) -> jboolean {
-            if (setting == nullptr) {
-                pij::reportFatal(fn, kLineDrawPreviewNullSetting, Exc::IllegalState);
-                return JNI_FALSE;
-            }
-            // The object's own class, so that a subclass is accepted.
-            jclass cls = env->GetObjectClass(setting);
-            if (cls == nullptr) {
-                pij::reportFatal(fn, kLineDrawPreviewNoClass, Exc::IllegalState);
-                return JNI_FALSE;
-            }
-            CaptionOptionSettingRec rec{};
-            for (size_t i = 0; i < kCaptionFields && i < kCaptionClass.fields.size(); ++i) {
-                const pij::ManagedField& f = kCaptionClass.fields[i];
-                jfieldID id = env->GetFieldID(cls, f.name, f.signature);
-                // Low 8 bits, no range test: 258 becomes 2.
-                rec.*kCaptionMembers[i] = static_cast<uint8_t>(env->GetShortField(setting, id));
-            }
-            env->DeleteLocalRef(cls);
-            return pij::bit0(p.drawPreviewCCWin(rec));
-        });
+    return pij::withPlayer(env, thiz, Site{__func__, kLineDrawPreviewNoPlayer, Exc::IllegalState},
+                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {
+                               if (setting == nullptr) {
+                                   pij::reportFatal(fn, kLineDrawPreviewNullSetting,
+                                                    Exc::IllegalState);
+                                   return JNI_FALSE;
+                               }
+                               // The object's own class, so that a subclass is accepted.
+                               jclass cls = env->GetObjectClass(setting);
+                               if (cls == nullptr) {
+                                   pij::reportFatal(fn, kLineDrawPreviewNoClass, Exc::IllegalState);
+                                   return JNI_FALSE;
+                               }
+                               // A field the class lacks leaves the runtime's error pending for the
+                               // managed caller, and the player is not called.
+                               pij::FieldIds ids;
+                               ids.cls = cls;
+                               CaptionOptionSettingRec rec{};
+                               if (!pij::toRecordFetchingEach(pij::Copy{env, fn}, setting,
+                                                              kCaptionOptionSetting, &ids, rec)) {
+                                   return JNI_FALSE;
+                               }
+                               env->DeleteLocalRef(cls);
+                               return pij::bit0(p.drawPreviewCCWin(rec));
+                           });
 }
 
 PIJ_EXPORT jintArray PIJ_IMPL(getLogoData)(JNIEnv* env, jobject thiz) {

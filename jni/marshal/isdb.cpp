@@ -9,13 +9,14 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
-#include "core/service_text.h"
+#include "marshal/marshal_util.h"
 #include "marshal/parcels.h"
-#include "marshal/value_classes.h"
 
 namespace {
 
+using pij::Copy;
 using pij::Exc;
+using pij::Field;
 using pij::Site;
 
 // Source lines of the failure reports (rows 137 to 140 and 143).
@@ -28,42 +29,70 @@ constexpr int kLineGetUserLocation = 4688;
 // codeList always has this many entries; dataLen says how many the player reported.
 constexpr jsize kEwbsCodes = 100;
 
-const pij::ManagedClass kEwbsInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
-                                       {{"reqAreaCode", "I"},
-                                        {"returnCode", "I"},
-                                        {"titleType", "I"},
-                                        {"codeList", "[I"},
-                                        {"dataLen", "I"}}};
-PIJ_REGISTER_VALUE_CLASS(kEwbsInfoClass);
-enum EwbsInfoField { kReqAreaCode, kEwbsReturnCode, kTitleType, kCodeList, kDataLen };
-
-const pij::ManagedClass kEwbsOpInfoClass{"com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo",
-                                         {{"reqOp", "I"}, {"returnCode", "I"}, {"value", "I"}}};
-PIJ_REGISTER_VALUE_CLASS(kEwbsOpInfoClass);
-enum EwbsOpInfoField { kReqOp, kOpReturnCode, kOpValue };
-
-const pij::ManagedClass kLocationClass{
-    "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/LocationInfo",
-    {{"locationName", "Ljava/lang/String;"}, {"longitude", "I"}, {"latitude", "I"}}};
-PIJ_REGISTER_VALUE_CLASS(kLocationClass);
-enum LocationField { kLocationName, kLongitude, kLatitude };
-
-// A new object of the listed class (no constructor runs) and its field ids, in list order.
-struct Built {
-    jclass cls;
-    jobject obj;
-    jfieldID ids[5];
+// What getEWBSInfo hands over: the request, the player's answer and its codes.
+struct EwbsInfoValues {
+    int32_t reqAreaCode;
+    int32_t returnCode;
+    int32_t titleType;
+    // The count as reported, not capped (only a count past the int range, which no player
+    // can fill, is held at INT_MAX).
+    int32_t dataLen;
+    const std::vector<int32_t>* codes;
 };
 
-Built allocate(JNIEnv* env, const pij::ManagedClass& mc) {
-    Built b{};
-    b.cls = env->FindClass(mc.path);
-    for (size_t i = 0; i < mc.fields.size() && i < 5; ++i) {
-        b.ids[i] = env->GetFieldID(b.cls, mc.fields[i].name, mc.fields[i].signature);
+// codeList: always 100 entries, the first min(count, 100) of them the player's codes.
+bool codeListOut(const Copy& c, jobject obj, jfieldID id, const EwbsInfoValues& v) {
+    const size_t count = v.codes->size();
+    jsize copied = static_cast<jsize>(std::min<size_t>(count, kEwbsCodes));
+    ALOGI("list size = %d", copied);
+    jint list[kEwbsCodes] = {};
+    for (jsize i = 0; i < copied; ++i) {
+        list[i] = (*v.codes)[static_cast<size_t>(i)];
+        ALOGI("code[%d] = %d", i, list[i]);
     }
-    b.obj = env->AllocObject(b.cls);
-    return b;
+    return pij::setArrayField<pij::Jt::I>(c.env, obj, id, list);
 }
+
+// Looked up in the managed class's order; dataLen is set before the list.
+constexpr Field<EwbsInfoValues> kEwbsInfoFields[] = {
+    PIJ_FIELD(EwbsInfoValues, reqAreaCode, I),
+    PIJ_FIELD(EwbsInfoValues, returnCode, I),
+    PIJ_FIELD(EwbsInfoValues, titleType, I),
+    PIJ_FIELD(EwbsInfoValues, dataLen, I),
+    pij::customField<EwbsInfoValues>("codeList", "[I", &codeListOut),
+};
+constexpr auto kEwbsInfoLookup =
+    pij::orderOf(kEwbsInfoFields, "reqAreaCode", "returnCode", "titleType", "codeList", "dataLen");
+constexpr auto kEwbsInfo = pij::valueClass("com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
+                                           kEwbsInfoFields, &kEwbsInfoLookup);
+PIJ_REGISTER_VALUE_CLASS(kEwbsInfo);
+
+struct EwbsOpInfoValues {
+    int32_t reqOp;
+    int32_t returnCode;
+    int32_t value;
+};
+constexpr Field<EwbsOpInfoValues> kEwbsOpInfoFields[] = {
+    PIJ_FIELD(EwbsOpInfoValues, reqOp, I),
+    PIJ_FIELD(EwbsOpInfoValues, returnCode, I),
+    PIJ_FIELD(EwbsOpInfoValues, value, I),
+};
+constexpr auto kEwbsOpInfo =
+    pij::valueClass("com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo", kEwbsOpInfoFields);
+PIJ_REGISTER_VALUE_CLASS(kEwbsOpInfo);
+
+// Signed 16-bit in the record: western and southern values stay negative. The name is set
+// last and fetched first.
+constexpr Field<LocationInfoRec> kLocationFields[] = {
+    PIJ_FIELD(LocationInfoRec, longitude, I),
+    PIJ_FIELD(LocationInfoRec, latitude, I),
+    PIJ_FIELD(LocationInfoRec, locationName, L),
+};
+constexpr auto kLocationLookup =
+    pij::orderOf(kLocationFields, "locationName", "longitude", "latitude");
+constexpr auto kLocationInfo = pij::valueClass(
+    "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/LocationInfo", kLocationFields, &kLocationLookup);
+PIJ_REGISTER_VALUE_CLASS(kLocationInfo);
 
 }  // namespace
 
@@ -88,29 +117,10 @@ PIJ_EXPORT jobject PIJ_IMPL(getEWBSInfo)(JNIEnv* env, jobject thiz, jint areaCod
         int32_t ret = p.getEWBSInfo(areaCode, &titleType, &codes);
         ALOGI("ret = %d", ret);
 
-        Built b = allocate(env, kEwbsInfoClass);
-        env->SetIntField(b.obj, b.ids[kReqAreaCode], areaCode);
-        env->SetIntField(b.obj, b.ids[kEwbsReturnCode], ret);
-        env->SetIntField(b.obj, b.ids[kTitleType], titleType);
-        // dataLen is the count as reported, not capped (only a count past the int range,
-        // which no player can fill, is held at INT_MAX).
-        size_t count = codes.size();
-        env->SetIntField(b.obj, b.ids[kDataLen],
-                         static_cast<jint>(std::min<size_t>(count, INT_MAX)));
-        jsize copied = static_cast<jsize>(std::min<size_t>(count, kEwbsCodes));
-        ALOGI("list size = %d", copied);
-
-        jint list[kEwbsCodes] = {};
-        for (jsize i = 0; i < copied; ++i) {
-            list[i] = codes[static_cast<size_t>(i)];
-            ALOGI("code[%d] = %d", i, list[i]);
-        }
-        jintArray array = env->NewIntArray(kEwbsCodes);
-        env->SetIntArrayRegion(array, 0, kEwbsCodes, list);
-        env->SetObjectField(b.obj, b.ids[kCodeList], array);
-        env->DeleteLocalRef(array);
-        env->DeleteLocalRef(b.cls);
-        return b.obj;
+        const EwbsInfoValues values{areaCode, ret, titleType,
+                                    static_cast<int32_t>(std::min<size_t>(codes.size(), INT_MAX)),
+                                    &codes};
+        return pij::newObject(env, "getEWBSInfo", kEwbsInfo, values);
     });
 }
 
@@ -130,13 +140,10 @@ PIJ_EXPORT jobject PIJ_IMPL(getEWBSOpInfo)(JNIEnv* env, jobject thiz, jint op) {
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
         int32_t value = 0;
         int32_t ret = p.getEWBSOpInfo(op, &value);
-        Built b = allocate(env, kEwbsOpInfoClass);
-        env->SetIntField(b.obj, b.ids[kReqOp], op);
-        env->SetIntField(b.obj, b.ids[kOpReturnCode], ret);
-        env->SetIntField(b.obj, b.ids[kOpValue], value);
+        jobject obj =
+            pij::newObject(env, "getEWBSOpInfo", kEwbsOpInfo, EwbsOpInfoValues{op, ret, value});
         ALOGD("ret = %d, value = %d", ret, value);
-        env->DeleteLocalRef(b.cls);
-        return b.obj;
+        return obj;
     });
 }
 
@@ -146,15 +153,6 @@ PIJ_EXPORT jobject PIJ_IMPL(getUserLocationInfo)(JNIEnv* env, jobject thiz, jint
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
         LocationInfoRec rec{};
         p.getUserLocationInfo(index, rec);
-        Built b = allocate(env, kLocationClass);
-        // Signed 16-bit in the record: western and southern values stay negative.
-        env->SetIntField(b.obj, b.ids[kLongitude], rec.longitude);
-        env->SetIntField(b.obj, b.ids[kLatitude], rec.latitude);
-        jstring name =
-            pij::newStringFromService(env, rec.locationName.c_str(), "getUserLocationInfo");
-        env->SetObjectField(b.obj, b.ids[kLocationName], name);
-        env->DeleteLocalRef(name);
-        env->DeleteLocalRef(b.cls);
-        return b.obj;
+        return pij::newObject(env, "getUserLocationInfo", kLocationInfo, rec);
     });
 }

@@ -4,96 +4,56 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/service_text.h"
 #include "marshal/marshal_util.h"
 
 namespace {
 
-using pij::FieldCopy;
-using pij::Jt;
-using pij::ManagedClass;
+using pij::Field;
 
-// DvbMuxInfo, listed in the order getCurrentMuxInfo looks the fields up (symbRate before
-// lossSignalStartTime); the set order is the record's, kMuxRows.
-enum MuxField : uint8_t {
-    kSatTable,
-    kNetTable,
-    kRefCnt,
-    kTsId,
-    kOnId,
-    kNetId,
-    kCell,
-    kRfNumber,
-    kFrequency,
-    kLossFreq,
-    kSymbRate,
-    kLossStart,
-    kModulation,
-    kPlp,
-    kLpCoding,
-    kSatId,
-    kBandwidth,
-    kPolarity,
+// DvbMuxInfo, set in the record's order.
+constexpr Field<DvbMuxInfoRec> kMuxFields[] = {
+    PIJ_FIELD(DvbMuxInfoRec, satTableId, I),
+    PIJ_FIELD(DvbMuxInfoRec, networkTableID, I),
+    PIJ_FIELD(DvbMuxInfoRec, refCnt, I),
+    PIJ_FIELD(DvbMuxInfoRec, transportStreamId, I),
+    PIJ_FIELD(DvbMuxInfoRec, originalNetworkId, I),
+    PIJ_FIELD(DvbMuxInfoRec, networkId, I),
+    PIJ_FIELD(DvbMuxInfoRec, cellID, I),
+    PIJ_FIELD(DvbMuxInfoRec, rfNumber, S),
+    PIJ_FIELD(DvbMuxInfoRec, frequency, I),
+    PIJ_FIELD(DvbMuxInfoRec, lossSignalFrequency, I),
+    PIJ_FIELD(DvbMuxInfoRec, lossSignalStartTime, I),
+    PIJ_FIELD(DvbMuxInfoRec, symbRate, I),
+    PIJ_FIELD(DvbMuxInfoRec, modulationMode, S),
+    PIJ_FIELD(DvbMuxInfoRec, plpID, I),
+    PIJ_FIELD(DvbMuxInfoRec, lpCoding, Z),
+    PIJ_FIELD(DvbMuxInfoRec, satID, S),
+    PIJ_FIELD(DvbMuxInfoRec, bandwidth, S),
+    PIJ_FIELD(DvbMuxInfoRec, polarityPilotsReserved, I),
 };
-const ManagedClass kDvbMuxInfo{"com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
-                               {{"satTableId", "I"},
-                                {"networkTableID", "I"},
-                                {"refCnt", "I"},
-                                {"transportStreamId", "I"},
-                                {"originalNetworkId", "I"},
-                                {"networkId", "I"},
-                                {"cellID", "I"},
-                                {"rfNumber", "S"},
-                                {"frequency", "I"},
-                                {"lossSignalFrequency", "I"},
-                                {"symbRate", "I"},
-                                {"lossSignalStartTime", "I"},
-                                {"modulationMode", "S"},
-                                {"plpID", "I"},
-                                {"lpCoding", "Z"},
-                                {"satID", "S"},
-                                {"bandwidth", "S"},
-                                {"polarityPilotsReserved", "I"}}};
+// getCurrentMuxInfo fetches symbRate before lossSignalStartTime; getMuxInfoByProgramNumber
+// fetches the ids in the order they are set.
+constexpr auto kCurrentMuxLookup =
+    pij::orderOf(kMuxFields, "satTableId", "networkTableID", "refCnt", "transportStreamId",
+                 "originalNetworkId", "networkId", "cellID", "rfNumber", "frequency",
+                 "lossSignalFrequency", "symbRate", "lossSignalStartTime", "modulationMode",
+                 "plpID", "lpCoding", "satID", "bandwidth", "polarityPilotsReserved");
+constexpr auto kDvbMuxInfo = pij::valueClass("com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
+                                             kMuxFields, &kCurrentMuxLookup);
 PIJ_REGISTER_VALUE_CLASS(kDvbMuxInfo);
+constexpr uint8_t kByProgramLookup[] = {0, 1,  2,  3,  4,  5,  6,  7,  8,
+                                        9, 10, 11, 12, 13, 14, 15, 16, 17};
+static_assert(sizeof kByProgramLookup == sizeof kMuxFields / sizeof kMuxFields[0],
+              "every row of kMuxFields, in its order");
 
-// getMuxInfoByProgramNumber looks symbRate up after lossSignalStartTime.
-const uint8_t kByProgramLookupOrder[] = {
-    kSatTable, kNetTable,  kRefCnt,   kTsId,       kOnId, kNetId,    kCell,  kRfNumber,  kFrequency,
-    kLossFreq, kLossStart, kSymbRate, kModulation, kPlp,  kLpCoding, kSatId, kBandwidth, kPolarity,
+constexpr Field<RfInfoRec> kRfFields[] = {
+    PIJ_FIELD(RfInfoRec, rfPhyNum, S),
+    PIJ_FIELD(RfInfoRec, frequency, I),
+    PIJ_FIELD(RfInfoRec, isVHF, Z),
+    PIJ_FIELD(RfInfoRec, rfName, L),
 };
-
-const FieldCopy<DvbMuxInfoRec> kMuxRows[] = {
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::satTableId)(kSatTable),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::networkTableID)(kNetTable),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::refCnt)(kRefCnt),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::transportStreamId)(kTsId),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::originalNetworkId)(kOnId),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::networkId)(kNetId),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::cellID)(kCell),
-    PIJ_COPY(Jt::S, &DvbMuxInfoRec::rfNumber)(kRfNumber),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::frequency)(kFrequency),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::lossSignalFrequency)(kLossFreq),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::lossSignalStartTime)(kLossStart),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::symbRate)(kSymbRate),
-    PIJ_COPY(Jt::S, &DvbMuxInfoRec::modulationMode)(kModulation),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::plpID)(kPlp),
-    PIJ_COPY(Jt::Z, &DvbMuxInfoRec::lpCoding)(kLpCoding),
-    PIJ_COPY(Jt::S, &DvbMuxInfoRec::satID)(kSatId),
-    PIJ_COPY(Jt::S, &DvbMuxInfoRec::bandwidth)(kBandwidth),
-    PIJ_COPY(Jt::I, &DvbMuxInfoRec::polarityPilotsReserved)(kPolarity),
-};
-
-enum RfField : uint8_t { kPhyNum, kRfFrequency, kVhf, kRfName };
-const ManagedClass kRfInfo{
-    "com/vireo/android/tvapi/dtv/vo/RfInfo",
-    {{"rfPhyNum", "S"}, {"frequency", "I"}, {"isVHF", "Z"}, {"rfName", "Ljava/lang/String;"}}};
+constexpr auto kRfInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/RfInfo", kRfFields);
 PIJ_REGISTER_VALUE_CLASS(kRfInfo);
-
-const FieldCopy<RfInfoRec> kRfRows[] = {
-    PIJ_COPY(Jt::S, &RfInfoRec::rfPhyNum)(kPhyNum),
-    PIJ_COPY(Jt::I, &RfInfoRec::frequency)(kRfFrequency),
-    PIJ_COPY(Jt::Z, &RfInfoRec::isVHF)(kVhf),
-};
 
 // Source lines the failure reports carry.
 constexpr int kLineRfInfo = 2389;
@@ -101,14 +61,6 @@ constexpr int kLineCurrentMux = 2508;
 constexpr int kLineMuxByProgram = 2584;
 constexpr int kLineNitNoPlayer = 2944;
 constexpr int kLineNitRefused = 2950;
-
-jobject buildMuxInfo(JNIEnv* env, const DvbMuxInfoRec& rec, const uint8_t* lookupOrder) {
-    jclass cls = env->FindClass(kDvbMuxInfo.path);
-    const pij::FieldIds ids = pij::lookupFields(env, cls, kDvbMuxInfo, lookupOrder);
-    jobject obj = env->AllocObject(cls);
-    pij::copyFields(env, obj, ids, kMuxRows, rec);
-    return obj;
-}
 
 }  // namespace
 
@@ -118,14 +70,7 @@ PIJ_EXPORT jobject PIJ_IMPL(getRFInfo)(JNIEnv* env, jobject thiz, jint type, jin
                            [&](PlayerImpl& p) {
                                RfInfoRec rec{};  // cleared; the name starts empty
                                p.getRfInfo(type, index, rec);
-                               jclass cls = env->FindClass(kRfInfo.path);
-                               const pij::FieldIds ids = pij::lookupFields(env, cls, kRfInfo);
-                               jobject obj = env->AllocObject(cls);
-                               pij::copyFields(env, obj, ids, kRfRows, rec);
-                               env->SetObjectField(
-                                   obj, ids[kRfName],
-                                   pij::newStringFromService(env, rec.rfName.c_str(), "getRFInfo"));
-                               return obj;
+                               return pij::newObject(env, "getRFInfo", kRfInfo, rec);
                            });
 }
 
@@ -135,7 +80,7 @@ PIJ_EXPORT jobject PIJ_IMPL(getCurrentMuxInfo)(JNIEnv* env, jobject thiz) {
                            jobject{}, [&](PlayerImpl& p) {
                                DvbMuxInfoRec rec{};
                                p.getCurrentMuxInfo(rec);
-                               return buildMuxInfo(env, rec, nullptr);
+                               return pij::newObject(env, "getCurrentMuxInfo", kDvbMuxInfo, rec);
                            });
 }
 
@@ -146,7 +91,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getMuxInfoByProgramNumber)(JNIEnv* env, jobject thiz
                            jobject{}, [&](PlayerImpl& p) {
                                DvbMuxInfoRec rec{};
                                p.getMuxInfoByProgramNumber(program, type, rec);
-                               return buildMuxInfo(env, rec, kByProgramLookupOrder);
+                               return pij::newObject(env, "getMuxInfoByProgramNumber", kDvbMuxInfo,
+                                                     rec, kByProgramLookup);
                            });
 }
 
@@ -163,6 +109,6 @@ PIJ_EXPORT jintArray PIJ_IMPL(native_getNitFrequencyByDtvRegion)(JNIEnv* env, jo
                 pij::reportFatal(fn, kLineNitRefused, pij::Exc::IllegalState);
                 return nullptr;
             }
-            return pij::newWidenedArray<jint>(env, freq, 2);
+            return static_cast<jintArray>(pij::newArray(env, freq, 2));
         });
 }

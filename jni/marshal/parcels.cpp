@@ -9,7 +9,7 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/log.h"
-#include "marshal/value_classes.h"
+#include "marshal/marshal_util.h"
 
 namespace {
 
@@ -24,23 +24,35 @@ constexpr int kLineGetVChipRating = 3940;
 constexpr int kLineGetAllBiss = 4770;
 constexpr int kLineSetBissKey = 4790;
 
-const pij::ManagedClass kParcelClass{"android/os/Parcel", {{"mNativePtr", "J"}}};
-PIJ_REGISTER_VALUE_CLASS(kParcelClass);
+// The one field of the managed parcel the library reads: the address of its native parcel.
+struct ParcelPeer {
+    int64_t mNativePtr;
+};
+constexpr pij::Field<ParcelPeer> kParcelFields[] = {PIJ_FIELD(ParcelPeer, mNativePtr, J)};
+constexpr auto kParcel = pij::valueClass("android/os/Parcel", kParcelFields);
+PIJ_REGISTER_VALUE_CLASS(kParcel);
 
 }  // namespace
 
 android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
-    jclass cls = env->FindClass(kParcelClass.path);
-    if (cls == nullptr) {
-        env->ExceptionClear();  // nothing is thrown into the managed caller
-        ALOGE("[Error] clazz == NULL");
+    // Nothing is thrown into the managed caller: a class or field that is not there is
+    // cleared and reported, and the parcel goes on as null.
+    pij::FieldIds ids;
+    if (!pij::lookUp(env, kParcel, &ids)) {
+        if (ids.cls == nullptr) {
+            env->ExceptionClear();
+            ALOGE("[Error] clazz == NULL");
+        } else {
+            pij::clearMissingField(env, kParcel, ids);
+            env->DeleteLocalRef(ids.cls);
+        }
         return nullptr;
     }
-    const pij::ManagedField& ptr = kParcelClass.fields[0];
-    jfieldID nativePtr = env->GetFieldID(cls, ptr.name, ptr.signature);
-    env->DeleteLocalRef(cls);
+    env->DeleteLocalRef(ids.cls);
     if (parcel == nullptr) return nullptr;
-    jlong value = env->GetLongField(parcel, nativePtr);
+    ParcelPeer peer{};
+    pij::toRecord(pij::Copy{env, "VndkGetParcelForJavaObject"}, parcel, kParcel, ids, peer);
+    const jlong value = peer.mNativePtr;
     if (value == 0) {
         pij::reportFatal("VndkGetParcelForJavaObject", kLineParcelConversion, Exc::IllegalState);
         return nullptr;

@@ -1,5 +1,7 @@
 #include "marshal/value_classes.h"
 
+#include <utility>
+
 namespace pij {
 namespace {
 std::vector<const ManagedClass*>& registry() {
@@ -10,8 +12,8 @@ std::vector<const ManagedClass*>& registry() {
 
 const std::vector<const ManagedClass*>& valueClasses() { return registry(); }
 
-ValueClassRegistration::ValueClassRegistration(const ManagedClass& mc) {
-    registry().push_back(&mc);
+ValueClassRegistration::ValueClassRegistration(ManagedClass mc) : mc_(std::move(mc)) {
+    registry().push_back(&mc_);
 }
 
 }  // namespace pij
