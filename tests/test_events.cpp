@@ -1,7 +1,7 @@
 // Event delivery through a real VM: every two-integer operation and the generic callback's
-// numbers, known and unknown, against the managed codes, and service threads posting while
-// players come and go. (The notify table as a whole, the signal status and a listener without
-// a runtime are in tests/native.)
+// numbers, known and unknown, against the managed codes read from their fields, and service threads
+// posting while players come and go. (The notify table as a whole, the signal status and a listener
+// without a runtime are in tests/native.)
 #include <android/log.h>
 #include <gtest/gtest.h>
 
@@ -10,6 +10,8 @@
 #include <set>
 #include <thread>
 #include <tuple>
+#include <utility>
+#include <vector>
 
 #include "core/PlayerImpl.h"
 #include "event_rows.h"
@@ -51,35 +53,29 @@ TEST_F(Events, EveryTwoIntegerOperationPostsTheManagedCodeOfItsField) {
 }
 
 TEST_F(Events, TheGenericCallbackPostsItsNumbersAndOnlyLogsUnknownOnes) {
-    const struct {
-        int number;
-        const char* field;  // none for a number it does not know
-    } numbers[] = {
-        {0x20001022, "TVPLAYER_INPUT_SOURCE_LOCK"},
-        {0x20001023, "TVPLAYER_SIGNAL_UNSTABLE"},
-        {0x20001025, "TVPLAYER_DTV_VIDEO_INFO_READY"},
-        {0x3ffffc38, "TVPLAYER_DISPLAY_EMERGENCY_SYSTEM"},
-        {0x3ffffc39, "TVPLAYER_CLOSE_EMERGENCY_SYSTEM"},
-        {0x3ffffc3f, "TVPLAYER_EVENT_EXCEED_CODEC_CAPABILITY"},
-        // A gap in the range, a number of the other dispatcher, an extreme.
-        {0x20001024, nullptr},
-        {0x20001019, nullptr},
-        {-1, nullptr},
-    };
+    // The numbers it knows, then a gap in the range, a number of the other dispatcher and an
+    // extreme, which it does not.
+    std::vector<std::pair<int, std::string>> numbers;
+    for (const CallbackRow& row : kCallbackRows) {
+        numbers.emplace_back(row.number, std::string("TVPLAYER_") + row.field);
+    }
+    EXPECT_EQ(numbers.size(), 6u);
+    for (int unknown : {0x20001024, 0x20001019, -1}) numbers.emplace_back(unknown, "");
     const android::Parcel ignored;
     int i = 0;
-    for (const auto& n : numbers) {
+    for (const auto& [number, field] : numbers) {
         const int ext1 = INT32_MIN + i, ext2 = -i++;
         th::clearLogs();
         th::clearEvents();
-        fake->fire([&](PlayerImplListener& l) { l.notifyCB(n.number, ext1, ext2, &ignored); }, i);
+        fake->fire([&](PlayerImplListener& l) { l.notifyCB(number, ext1, ext2, &ignored); }, i);
         auto evs = th::events();
-        SCOPED_TRACE("notifyCB " + hex(n.number));
-        EXPECT_EQ(th::countLog(E, "notifyCB event = " + std::to_string(n.number) + "\n"), 1);
-        EXPECT_EQ(th::countLog(E, "Unknown event '" + hex(n.number) + "'"), n.field ? 0 : 1);
+        SCOPED_TRACE("notifyCB " + hex(number));
+        EXPECT_EQ(th::countLog(E, "notifyCB event = " + std::to_string(number) + "\n"), 1);
+        EXPECT_EQ(th::countLog(E, "Unknown event '" + hex(number) + "'"), field.empty() ? 1 : 0);
         std::vector<std::tuple<int, int, int, jobject>> posted, expected;
         for (const th::Event& ev : evs) posted.emplace_back(ev.what, ev.ext1, ev.ext2, ev.obj);
-        if (n.field != nullptr) expected.emplace_back(th::staticInt(n.field), ext1, ext2, nullptr);
+        if (!field.empty())
+            expected.emplace_back(th::staticInt(field.c_str()), ext1, ext2, nullptr);
         EXPECT_EQ(posted, expected);
         th::releaseEvents(evs);
     }

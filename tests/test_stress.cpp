@@ -414,15 +414,17 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
             std::mt19937 rng(200 + t);
             // Events that post once, each given its sequence number.
             const std::vector<Event> posting = {
-#define PIJ_DECLARE_SIMPLE(handler, code) [](PlayerImplListener& l, int32_t s) { l.handler(s, 7); },
-#include "events/simple_events.def"
-#undef PIJ_DECLARE_SIMPLE
-                [](PlayerImplListener& l, int32_t s) { l.PostEvent_SignalLock(s, 1); },
-                [](PlayerImplListener& l, int32_t s) { l.PostEvent_SignalUnlock(s, 1); },
-                [](PlayerImplListener& l, int32_t s) { l.PostEvent_ScreenSaverMode(s, 1); },
-                [](PlayerImplListener& l, int32_t s) { l.PostEvent_OadHandler(s, 1); },
-                [](PlayerImplListener& l, int32_t s) { l.notifyCB(0x20001022, s, 1, nullptr); },
-                [](PlayerImplListener& l, int32_t s) { l.notifyCB(0x20001023, s, 1, nullptr); },
+#define PIJ_EVENT(number, code, operation) \
+    [](PlayerImplListener& l, int32_t s) { l.operation(s, 7); },
+#define PIJ_EVENT_OWN PIJ_EVENT
+#define PIJ_PARCEL_EVENT(number, code)
+#define PIJ_CALLBACK_EVENT(number, code) \
+    [](PlayerImplListener& l, int32_t s) { l.notifyCB(number, s, 1, nullptr); },
+#include "events/service_events.def"
+#undef PIJ_EVENT
+#undef PIJ_EVENT_OWN
+#undef PIJ_PARCEL_EVENT
+#undef PIJ_CALLBACK_EVENT
                 payloadEvent(&PlayerImplListener::PostEvent_AtvAutoTuning,
                              {200, 474000, 65537, -3, 1}),
                 payloadEvent(&PlayerImplListener::PostEvent_ManualTuning, {50, 1, 2, 3, 0}),

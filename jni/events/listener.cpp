@@ -16,82 +16,35 @@ namespace {
 // logged with the screen-saver event.
 std::atomic<int> gSignalStatus{0};
 
-enum class Extra { None, SignalUnlock, SignalLock, SignalUnstable, ScreenSaver };
-
 struct Dispatch {
     int number;  // the service's native event number
     EventCode code;
-    Extra extra;
 };
 
 // Native numbers accepted by notify, in the service's numbering.
 constexpr Dispatch kNotifyTable[] = {
-    {0x20001003, EATV_AUTO_TUNING_SCAN_INFO, Extra::None},
-    {0x20001004, EATV_MANUAL_TUNING_SCAN_INFO, Extra::None},
-    {0x20001006, EDTV_AUTO_TUNING_SCAN_INFO, Extra::None},
-    {0x2000100b, EDTV_CHANNEL_NAME_READY, Extra::None},
-    {0x2000100c, EPROGRAM_INFO_READY, Extra::None},
-    {0x2000100e, EDTV_PRI_COMPONENT_MISSING, Extra::None},
-    {0x2000100f, EDTV_AUTO_UPDATE_SCAN, Extra::None},
-    {0x20001012, EDTV_CHANNEL_INFO_UPDATE, Extra::None},
-    {0x20001018, ESIGNAL_UNLOCK, Extra::SignalUnlock},
-    {0x20001019, ESIGNAL_LOCK, Extra::SignalLock},
-    {0x2000101a, ETS_CHANGE, Extra::None},
-    {0x2000101b, EPOPUP_DIALOG, Extra::None},
-    {0x2000101c, ESCREEN_SAVER_MODE, Extra::ScreenSaver},
-    {0x20001020, EEMERGENCY_ALERT, Extra::None},
-    {0x20003003, EEPG_UPDATE_LIST, Extra::None},
-    {0x20003006, EEPG_TIMER_SIMULCAST, Extra::None},
-    {0x20003009, EEPG_UPDATE, Extra::None},
-    {0x20004002, EPVR_PLAYBACK_TIME, Extra::None},
-    {0x20004003, EPVR_PLAYBACK_SPEED_CHANGE, Extra::None},
-    {0x20004004, EPVR_RECORD_TIME, Extra::None},
-    {0x20004005, EPVR_RECORD_SIZE, Extra::None},
-    {0x20004007, EPVR_RECORD_STOP, Extra::None},
-    {0x20004008, EPVR_PLAYBACK_STOP, Extra::None},
-    {0x20004009, EPVR_PLAYBACK_BEGIN, Extra::None},
-    {0x2000400b, EPVR_TIMESHIFT_OVERWRITE_BEFORE, Extra::None},
-    {0x2000400c, EPVR_TIMESHIFT_OVERWRITE_AFTER, Extra::None},
-    {0x2000400d, EPVR_OVERRUN, Extra::None},
-    {0x2000400f, EPVR_USB_REMOVED, Extra::None},
-    {0x20004011, EPVR_CI_PLUS_PROTECTION, Extra::None},
-    {0x20004012, EPVR_CI_PLUS_RETENTION_LIMIT_UPDATE, Extra::None},
-    {0x20004016, EPVR_PARENTAL_CONTROL, Extra::None},
-    {0x20004024, EPVR_ALWAYS_TIMESHIFT_PROGRAM_READY, Extra::None},
-    {0x20004025, EPVR_ALWAYS_TIMESHIFT_PROGRAM_NOT_READY, Extra::None},
-    {0x2000500f, ECI_LOAD_CREDENTIAL_FAIL, Extra::None},
-    {0x20005012, ECI_UI_OP_REFRESH_QUERY, Extra::None},
-    {0x20010009, ERCT_PRESENCE, Extra::None},
-    {0x2001000c, EAUDIO_MODE_CHANGE, Extra::None},
-    {0x20010011, ECHANGE_TTX_STATUS, Extra::None},
-    {0x20010012, EMHEG5_EVENT_HANDLER, Extra::None},
-    {0x20010013, EMHEG5_RETURN_KEY, Extra::None},
-    {0x20010014, EMHEG5_STATUS_MODE, Extra::None},
-    {0x20010018, EOAD_HANDLER, Extra::None},
-    {0x20010019, EOAD_DOWNLOAD, Extra::None},
-    {0x2001001b, EOAD_TIMEOUT, Extra::None},
-    {0x2001001d, EPOPUP_SCAN_DIALOG_LOSS_SIGNAL, Extra::None},
-    {0x2001001e, EPOPUP_SCAN_DIALOG_NEW_MULTIPLEX, Extra::None},
-    {0x2001001f, EPOPUP_SCAN_DIALOG_FREQ_CHANGE, Extra::None},
-    {0x20010025, EHBBTV_UI_EVENT, Extra::None},
-    {0x2001002f, EHBBTV_STATUS_MODE, Extra::None},
-    {0x20010030, EGINGA_STATUS_MODE, Extra::None},
-    {0x2001201a, ECI_UI_OP_SERVICE_LIST, Extra::None},
-    {0x2001201b, ECI_UI_OP_EXIT_SERVICE_LIST, Extra::None},
-    {0x3ffffc19, E4K_UHD_HDMI_DISABLE_PIP, Extra::None},
-    {0x3ffffc1a, E4K_UHD_HDMI_DISABLE_POP, Extra::None},
-    {0x3ffffc1b, E4K_UHD_HDMI_DISABLE_DUAL_VIEW, Extra::None},
-    {0x3ffffc1c, E4K_UHD_HDMI_DISABLE_TRAVELING_MODE, Extra::None},
+#define PIJ_EVENT(number, code, operation) {number, code},
+#define PIJ_EVENT_OWN(number, code, operation) {number, code},
+#define PIJ_PARCEL_EVENT(number, code) {number, code},
+#define PIJ_CALLBACK_EVENT(number, code)
+#include "events/service_events.def"
+#undef PIJ_EVENT
+#undef PIJ_EVENT_OWN
+#undef PIJ_PARCEL_EVENT
+#undef PIJ_CALLBACK_EVENT
 };
 
 // Native numbers accepted by notifyCB, the service's generic callback.
 constexpr Dispatch kNotifyCBTable[] = {
-    {0x20001022, EINPUT_SOURCE_LOCK, Extra::None},
-    {0x20001023, ESIGNAL_UNSTABLE, Extra::SignalUnstable},
-    {0x20001025, EDTV_VIDEO_INFO_READY, Extra::None},
-    {0x3ffffc38, EDISPLAY_EMERGENCY_SYSTEM, Extra::None},
-    {0x3ffffc39, ECLOSE_EMERGENCY_SYSTEM, Extra::None},
-    {0x3ffffc3f, EEVENT_EXCEED_CODEC_CAPABILITY, Extra::None},
+#define PIJ_EVENT(number, code, operation)
+#define PIJ_EVENT_OWN(number, code, operation)
+#define PIJ_PARCEL_EVENT(number, code)
+#define PIJ_CALLBACK_EVENT(number, code) {number, code},
+#include "events/service_events.def"
+#undef PIJ_EVENT
+#undef PIJ_EVENT_OWN
+#undef PIJ_PARCEL_EVENT
+#undef PIJ_CALLBACK_EVENT
 };
 
 template <size_t N>
@@ -104,24 +57,25 @@ const Dispatch* lookup(const Dispatch (&table)[N], int number) {
     return nullptr;
 }
 
-void applyExtra(Extra extra, int ext1) {
-    switch (extra) {
-        case Extra::None:
-            break;
-        case Extra::SignalUnlock:
+// What the dispatchers do besides posting, for the signal and screen-saver events.
+void applyExtra(EventCode code, int ext1) {
+    switch (code) {
+        case ESIGNAL_UNLOCK:
             gSignalStatus.store(1);
             ALOGD("Signal status: SIGNAL_UNLOCK");
             break;
-        case Extra::SignalLock:
+        case ESIGNAL_LOCK:
             gSignalStatus.store(2);
             ALOGD("Signal status: SIGNAL_LOCK");
             break;
-        case Extra::SignalUnstable:
+        case ESIGNAL_UNSTABLE:
             gSignalStatus.store(0);
             ALOGD("Signal status: SIGNAL_UNSTABLE");
             break;
-        case Extra::ScreenSaver:
+        case ESCREEN_SAVER_MODE:
             ALOGD("Screen saver mode = %d, Signal status:  = %d", ext1, gSignalStatus.load());
+            break;
+        default:
             break;
     }
 }
@@ -214,7 +168,7 @@ void JNIVSrvListener::notify(int msg, int ext1, int ext2, jobject obj) {
         ALOGE("Unknown event '%#x'", msg);
         return;
     }
-    applyExtra(row->extra, ext1);
+    applyExtra(row->code, ext1);
     post(env, eventCode(row->code), ext1, ext2, obj);
 }
 
@@ -226,17 +180,24 @@ void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Par
         ALOGE("Unknown event '%#x'", event);
         return;
     }
-    applyExtra(row->extra, ext1);
+    applyExtra(row->code, ext1);
     post(env, eventCode(row->code), ext1, ext2, nullptr);
 }
 
-#define PIJ_DECLARE_SIMPLE(handler, code)                                      \
-    void JNIVSrvListener::handler(int ext1, int ext2) {                        \
-        ALOGD(#handler);                                                       \
+// The two-integer operations that post their code with ext1 and ext2 unchanged.
+#define PIJ_EVENT(number, code, operation)                                     \
+    void JNIVSrvListener::operation(int ext1, int ext2) {                      \
+        ALOGD(#operation);                                                     \
         post(beginEvent("notify", 448), eventCode(code), ext1, ext2, nullptr); \
     }
-#include "events/simple_events.def"
-#undef PIJ_DECLARE_SIMPLE
+#define PIJ_EVENT_OWN(number, code, operation)
+#define PIJ_PARCEL_EVENT(number, code)
+#define PIJ_CALLBACK_EVENT(number, code)
+#include "events/service_events.def"
+#undef PIJ_EVENT
+#undef PIJ_EVENT_OWN
+#undef PIJ_PARCEL_EVENT
+#undef PIJ_CALLBACK_EVENT
 
 void JNIVSrvListener::PostEvent_SignalLock(int ext1, int ext2) {
     ALOGD("PostEvent_SignalLock");

@@ -17,18 +17,22 @@ public:
     void notify(int msg, const android::Parcel& obj) override;
     void notifyCB(int event, int ext1, int ext2, const android::Parcel* obj) override;
 
-#define PIJ_DECLARE_SIMPLE(handler, code) void handler(int ext1, int ext2) override;
-#include "events/simple_events.def"
-#undef PIJ_DECLARE_SIMPLE
+    // The event operations with a native number (service_events.def); the ones with a body
+    // of their own are among them.
+#define PIJ_EVENT(number, code, operation) void operation(int ext1, int ext2) override;
+#define PIJ_EVENT_OWN(number, code, operation) void operation(int ext1, int ext2) override;
+#define PIJ_PARCEL_EVENT(number, code)
+#define PIJ_CALLBACK_EVENT(number, code)
+#include "events/service_events.def"
+#undef PIJ_EVENT
+#undef PIJ_EVENT_OWN
+#undef PIJ_PARCEL_EVENT
+#undef PIJ_CALLBACK_EVENT
 
     void PostEvent_AtvAutoTuning(const android::Parcel& p) override;
     void PostEvent_ManualTuning(const android::Parcel& p) override;
     void PostEvent_DtvAutoTuning(const android::Parcel& p) override;
     void PostEvent_HbbtvEvent(const android::Parcel& p) override;
-    void PostEvent_SignalLock(int ext1, int ext2) override;
-    void PostEvent_SignalUnlock(int ext1, int ext2) override;
-    void PostEvent_ScreenSaverMode(int ext1, int ext2) override;
-    void PostEvent_OadHandler(int ext1, int ext2) override;
     void PostEvent_SnServiceDeadth(int ext1, int ext2) override;
 
     // Not virtual: the dispatcher of native event numbers, and an empty handler. Only the
