@@ -14,23 +14,12 @@ SUDO=""; [ "$(id -u)" -ne 0 ] && SUDO=sudo
 # ---- what the cross build needs ----
 if ! dpkg --print-foreign-architectures | grep -qx arm64; then
   $SUDO dpkg --add-architecture arm64
-  NEED_UPDATE=1
+  export PIJ_APT_UPDATE=1
 fi
-pkgs=(cmake make g++ g++-aarch64-linux-gnu qemu-user
-      android-libutils-dev android-liblog-dev android-libnativehelper-dev
-      android-platform-frameworks-native-headers
-      android-libutils-dev:arm64 android-liblog-dev:arm64 android-libnativehelper-dev:arm64)
-missing=()
-for p in "${pkgs[@]}"; do
-  dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q 'install ok installed' || missing+=("$p")
-done
-if [ ${#missing[@]} -gt 0 ]; then
-  echo "Installing: ${missing[*]}"
-  $SUDO apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y -qq "${missing[@]}" >/dev/null
-elif [ -n "${NEED_UPDATE:-}" ]; then
-  $SUDO apt-get update -qq
-fi
+scripts/deps.sh cmake make g++ g++-aarch64-linux-gnu qemu-user \
+  android-libutils-dev android-liblog-dev android-libnativehelper-dev \
+  android-platform-frameworks-native-headers \
+  android-libutils-dev:arm64 android-liblog-dev:arm64 android-libnativehelper-dev:arm64
 
 # The arm64 libbacktrace (under libutils) needs p7zip's 7z.so, whose package cannot be
 # installed next to the build machine's own: its arm64 copy is unpacked into the build tree.
