@@ -12,7 +12,7 @@
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
 #include "marshal/satellite.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -22,29 +22,29 @@ struct Setup {
     jobject player = nullptr;
     jobject satellite = nullptr;
     jobject surface = nullptr;
-    android::sp<host::FakePlayer> fake;
+    android::sp<th::FakePlayer> fake;
     android::sp<android::IGraphicBufferProducer> producer = new android::IGraphicBufferProducer();
     android::sp<android::Surface> native = new android::Surface(producer, 1);
 
     Setup() {
-        host::useFakePlayer();
+        th::useFakePlayer();
         JNIEnv* e = th::env();
         player = e->NewGlobalRef(th::newPlayer());
-        fake = host::lastFakePlayer();
-        fake->onCall("getSatelliteInfo", [](const host::OutArgs& o) {
+        fake = th::lastFakePlayer();
+        fake->onCall(th::Op::getSatelliteInfo, [](const th::OutArgs& o) {
             auto& r = o.at<SatelliteInfoRec>(0);
             r.satName.setTo("Astra 19.2E");
             r.lowLOF = 9750;
             r.hiLOF = 10600;
             r.position = 3;
         });
-        fake->onCall("getChannelLogoARGB", [](const host::OutArgs& o) {
+        fake->onCall(th::Op::getChannelLogoARGB, [](const th::OutArgs& o) {
             o.at<int32_t>(1) = 39;
             o.at<int32_t>(2) = 40;
         });
-        fake->setResult("getChannelLogoARGB", 1);
-        fake->onCall("getEWBSInfo",
-                     [](const host::OutArgs& o) { o.at<std::vector<int32_t>>(1).assign(100, 7); });
+        fake->setResult(th::Op::getChannelLogoARGB, 1);
+        fake->onCall(th::Op::getEWBSInfo,
+                     [](const th::OutArgs& o) { o.at<std::vector<int32_t>>(1).assign(100, 7); });
         satellite = e->NewGlobalRef(
             th::callL(player, "getSatelliteInfo", (std::string("(I)") + kSatSig).c_str(), 0));
         jclass c = th::findClass("android/view/Surface");

@@ -11,8 +11,8 @@
 #include <regex>
 #include <sstream>
 
+#include "double/fake_player.h"
 #include "harness/jvm_harness.h"
-#include "playerimpl_host/fake_player.h"
 #include "playerimpl_host/host_player.h"
 #include "reliability/native_calls.h"
 
@@ -119,17 +119,17 @@ TEST_F(BadInput, WithoutAPlayerEveryNativeLogsItsFailureAndReturnsANeutralValue)
 
 // Hostile arguments, while the operation called answers a value at a limit of 64 bits.
 TEST_F(BadInput, WithAPlayerHostileCallsAndExtremeAnswersNeitherCrashNorLeaveAnythingPending) {
-    host::useFakePlayer();
-    const int fakesBefore = host::FakePlayer::liveFakes();
+    th::useFakePlayer();
+    const int fakesBefore = th::FakePlayer::liveFakes();
     jobject player = th::newPlayer();
-    auto fake = host::lastFakePlayer();
+    auto fake = th::lastFakePlayer();
     ASSERT_NE(fake, nullptr);
     const int64_t answers[rel::kVariants] = {-1, INT64_MAX, INT64_MIN, 2};
     for (const rel::NativeMethod& m : natives()) {
         if (rel::isLifeCycle(m.name)) continue;
         for (int k = 0; k < rel::kVariants; ++k) {
             SCOPED_TRACE(m.name + m.sig + " variant " + std::to_string(k));
-            fake->setResult(stem(m.name), answers[k]);
+            if (auto op = th::opNamed(stem(m.name))) fake->setResult(*op, answers[k]);
             callHostile(player, m, k);
         }
         fake->clearCalls();
@@ -137,14 +137,14 @@ TEST_F(BadInput, WithAPlayerHostileCallsAndExtremeAnswersNeitherCrashNorLeaveAny
     // Nothing the calls did keeps the proxy: finalising releases the last reference.
     th::callV(player, "release", "()V");
     fake = nullptr;
-    EXPECT_EQ(host::FakePlayer::liveFakes(), fakesBefore);
+    EXPECT_EQ(th::FakePlayer::liveFakes(), fakesBefore);
     th::env()->DeleteLocalRef(player);
 }
 
 TEST_F(BadInput, LifeCycleCallsOutOfOrderOrWithoutAWeakReference) {
-    host::useFakePlayer();
+    th::useFakePlayer();
     JNIEnv* e = th::env();
-    const int fakesBefore = host::FakePlayer::liveFakes();
+    const int fakesBefore = th::FakePlayer::liveFakes();
     jobject player = th::newPlayer();
     const rel::NativeMethod* setup = nativeNamed("native_setup");
     const rel::NativeMethod* finalize = nativeNamed("native_finalize");
@@ -155,7 +155,7 @@ TEST_F(BadInput, LifeCycleCallsOutOfOrderOrWithoutAWeakReference) {
     jvalue nullArg{};
     rel::callRaw(e, player, *setup, &nullArg);
     th::failOnPendingException();
-    auto fake = host::lastFakePlayer();
+    auto fake = th::lastFakePlayer();
     th::clearEvents();
     fake->fire([](PlayerImplListener& l) { l.PostEvent_ChangeTtxStatus(5, 6); });
     auto evs = th::events();
@@ -174,7 +174,7 @@ TEST_F(BadInput, LifeCycleCallsOutOfOrderOrWithoutAWeakReference) {
     // The proxy replaced by the second set-up keeps the reference the first one left in the
     // field's place only until it is disconnected; the current one is gone.
     fake = nullptr;
-    EXPECT_LE(host::FakePlayer::liveFakes(), fakesBefore + 1);
+    EXPECT_LE(th::FakePlayer::liveFakes(), fakesBefore + 1);
     e->DeleteLocalRef(player);
 }
 

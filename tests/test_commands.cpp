@@ -5,15 +5,16 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <optional>
 #include <regex>
 #include <set>
 #include <string>
 #include <vector>
 
 #include "core/PlayerImpl.h"
+#include "double/fake_player.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "playerimpl_host/fake_player.h"
 #include "reliability/native_calls.h"
 
 namespace {
@@ -48,9 +49,12 @@ const std::vector<rel::NativeMethod>& thinNatives() {
 
 // The operation a row calls is named after the managed method without "native_" or the
 // leading underscore.
-std::string opName(const std::string& managed) {
-    if (managed.rfind("native_", 0) == 0) return managed.substr(7);
-    return managed[0] == '_' ? managed.substr(1) : managed;
+th::Op opOf(const std::string& managed) {
+    std::string name = managed.rfind("native_", 0) == 0 ? managed.substr(7) : managed;
+    if (name[0] == '_') name = name.substr(1);
+    const std::optional<th::Op> op = th::opNamed(name);
+    EXPECT_TRUE(op.has_value()) << "no operation " << name;
+    return op.value_or(th::Op::disconnect);
 }
 
 // The handler's exported name: the managed name without a leading underscore, in the second
@@ -203,12 +207,13 @@ TEST_F(ThinCommands, WithAPlayerEveryRowCallsItsOneOperationWithItsArguments) {
                                                   {"getHdmiEdidVersionBySource", -0x7F7F}};
     for (const rel::NativeMethod& m : thinNatives()) {
         SCOPED_TRACE(m.name + m.sig);
-        const std::string op = opName(m.name);
+        const th::Op op = opOf(m.name);
+        const std::string text = std::string("text of ") + th::nameOf(op);
         auto args = argsFor(m);
         // An int the operation takes as a boolean: true, though its low byte is 0.
         if (m.name == "_setCurrentEventStatus") args[1].i = 0x100;
         fake->setResult(op, 0x18081);
-        fake->setText(op, "text of " + op);
+        fake->setText(op, text);
         fake->clearCalls();
         th::clearLogs();
         rel::Result r = rel::callRaw(th::env(), player, m, args.data());
@@ -240,7 +245,7 @@ TEST_F(ThinCommands, WithAPlayerEveryRowCallsItsOneOperationWithItsArguments) {
         }
         if (m.ret == kString) {
             auto s = static_cast<jstring>(r.v.l);
-            EXPECT_EQ(th::toStdString(s), "text of " + op);
+            EXPECT_EQ(th::toStdString(s), text);
             th::env()->DeleteLocalRef(s);
             fake->setText(op, "");
             s = static_cast<jstring>(rel::callRaw(th::env(), player, m, args.data()).v.l);
@@ -260,8 +265,8 @@ TEST_F(ThinCommands, BooleansAreCutToBitZeroBothWays) {
     // byte the operation stored, whole.
     const std::map<std::string, jboolean> fixed = {{"native_atsc_setAntennaType", 1},
                                                    {"getCurrentVChipBlockStatus", 2}};
-    fake->onCall("getCurrentVChipBlockStatus",
-                 [](const host::OutArgs& o) { o.at<uint8_t>(0) = 2; });
+    fake->onCall(th::Op::getCurrentVChipBlockStatus,
+                 [](const th::OutArgs& o) { o.at<uint8_t>(0) = 2; });
     int rows = 0;
     for (const rel::NativeMethod& m : thinNatives()) {
         const bool boolArgs = m.sig.find('Z') < m.sig.find(')');
@@ -270,7 +275,7 @@ TEST_F(ThinCommands, BooleansAreCutToBitZeroBothWays) {
         ++rows;
         for (auto [answer, byte] :
              {std::pair<int64_t, jboolean>{2, 0x80}, {3, 2}, {0xFE, 0xFF}, {0x81, 0}}) {
-            fake->setResult(opName(m.name), answer);
+            fake->setResult(opOf(m.name), answer);
             fake->clearCalls();
             auto args = argsFor(m, byte);
             if (m.ret == "V") {

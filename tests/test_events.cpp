@@ -18,7 +18,7 @@
 #include "harness/fields.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -108,7 +108,7 @@ TEST_F(Events, ServiceThreadsKeepPostingWhilePlayersComeAndGo) {
                 [&](PlayerImplListener& l, int n) { l.PostEvent_SignalLock(n, t); },
             };
             for (int n = 0; !stop.load(); ++n) {
-                android::sp<host::FakePlayer> newest = host::lastFakePlayer();
+                android::sp<th::FakePlayer> newest = th::lastFakePlayer();
                 android::sp<PlayerImplListener> l = newest ? newest->listener() : nullptr;
                 if (l == nullptr) continue;  // between a player's end and the next one
                 ints.setDataPosition(0);

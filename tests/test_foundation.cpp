@@ -10,7 +10,7 @@
 #include "core/PlayerImpl.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 #include "playerimpl_host/host_player.h"
 
 namespace {
@@ -31,9 +31,9 @@ protected:
 
 TEST_F(Foundation, TheFrameAsksTheProxyOrWithoutOneLogsAndAnswersNeutral) {
     EXPECT_NE(fake->listener(), nullptr) << "native_setup installs the listener";
-    fake->setResult("closeTeletext", 2);
+    fake->setResult(th::Op::closeTeletext, 2);
     EXPECT_EQ(th::callZ(player, "closeTeletext", "()Z"), JNI_FALSE) << "bit 0 of 2";
-    fake->setResult("closeTeletext", 3);
+    fake->setResult(th::Op::closeTeletext, 3);
     EXPECT_EQ(th::callZ(player, "closeTeletext", "()Z"), JNI_TRUE) << "bit 0 of 3";
 
     th::callV(player, "release", "()V");
@@ -73,30 +73,30 @@ TEST_F(Foundation, SuspendForgetsThePlayerButLeavesItConnectedAndListening) {
 }
 
 TEST_F(Foundation, ASecondSetupReleasesTheFirstProxysFieldReference) {
-    android::wp<host::FakePlayer> first = fake;
+    android::wp<th::FakePlayer> first = fake;
     fake.clear();
     const int disconnects = host::HostPlayer::disconnectCount();
     // No weak reference is needed: no event reaches the new listener.
     th::callV(player, "native_setup", "(Ljava/lang/Object;)V", nullptr);
     EXPECT_EQ(first.promote(), nullptr) << "the field's reference was its last one";
     EXPECT_EQ(host::HostPlayer::disconnectCount(), disconnects) << "replaced, not disconnected";
-    fake = host::lastFakePlayer();
+    fake = th::lastFakePlayer();
     th::callZ(player, "closeTeletext", "()Z");
-    EXPECT_EQ(fake->callsOf("closeTeletext").size(), 1u);
+    EXPECT_EQ(fake->callsOf(th::Op::closeTeletext).size(), 1u);
 }
 
 // native_finalize while a call is inside the proxy: the call finishes against the proxy it
 // holds, calls made afterwards find no player, and the proxy goes with the last reference.
 TEST_F(Foundation, FinalizeDuringACallLetsItFinishAndDestroysTheProxyOnce) {
-    const int live = host::FakePlayer::liveFakes();
+    const int live = th::FakePlayer::liveFakes();
     std::promise<void> inside, leave;
     std::shared_future<void> left = leave.get_future().share();
-    fake->setResult("getPhaseRange", 42);
-    fake->onCall("getPhaseRange", [&](const host::OutArgs&) {
+    fake->setResult(th::Op::getPhaseRange, 42);
+    fake->onCall(th::Op::getPhaseRange, [&](const th::OutArgs&) {
         inside.set_value();
         left.wait();
     });
-    android::wp<host::FakePlayer> proxy = fake;
+    android::wp<th::FakePlayer> proxy = fake;
     fake.clear();
     jobject global = th::env()->NewGlobalRef(player);
     std::future<jint> answer = std::async(std::launch::async, [&] {
@@ -106,14 +106,14 @@ TEST_F(Foundation, FinalizeDuringACallLetsItFinishAndDestroysTheProxyOnce) {
     });
     inside.get_future().wait();
     releasePlayer();
-    EXPECT_EQ(host::FakePlayer::liveFakes(), live) << "the running call keeps the proxy";
+    EXPECT_EQ(th::FakePlayer::liveFakes(), live) << "the running call keeps the proxy";
     EXPECT_EQ(th::callI(global, "getPhaseRange", "()I"), -1);
     EXPECT_TRUE(failedOnce("getPhaseRange", 1422));
     leave.set_value();
     EXPECT_EQ(answer.get(), 42) << "the call finished against its proxy";
     th::env()->DeleteGlobalRef(global);
     EXPECT_EQ(proxy.promote(), nullptr);
-    EXPECT_EQ(host::FakePlayer::liveFakes(), live - 1) << "destroyed exactly once";
+    EXPECT_EQ(th::FakePlayer::liveFakes(), live - 1) << "destroyed exactly once";
 }
 
 TEST_F(Foundation, AnEventAttachesItsServiceThreadForGoodAndReachesTheListener) {
@@ -142,7 +142,7 @@ TEST_F(Foundation, FinalizeTearsDownOnceWhenCalledTwiceAtOnceOrFromInsideDisconn
     // same player again, and finds it already on its way out.
     jobject self = e->NewGlobalRef(player);
     bool fired = false;
-    fake->onCall("disconnect", [&](const host::OutArgs&) {
+    fake->onCall(th::Op::disconnect, [&](const th::OutArgs&) {
         if (fired) return;
         fired = true;
         host::runOnServiceThread(0, [&] {
@@ -153,7 +153,7 @@ TEST_F(Foundation, FinalizeTearsDownOnceWhenCalledTwiceAtOnceOrFromInsideDisconn
         });
     });
     th::callV(player, "release", "()V");
-    EXPECT_EQ(fake->callsOf("disconnect").size(), 1u);
+    EXPECT_EQ(fake->callsOf(th::Op::disconnect).size(), 1u);
     EXPECT_TRUE(failedOnce("native_finalize", 1296)) << th::dumpLogs();
     e->DeleteGlobalRef(self);
 

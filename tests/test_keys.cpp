@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
+#include "double/fake_player.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "playerimpl_host/fake_player.h"
 
 namespace {
 
@@ -29,8 +29,8 @@ protected:
 // reaches the player translated, after a translation line; any other is answered false with
 // no call and no line besides the entry line.
 TEST_F(Keys, EachHandlerTranslatesItsOwnKeysAndDropsTheRest) {
-    fake->setResult("processKey", 1);
-    fake->setResult("sendMheg5Command", 1);
+    fake->setResult(th::Op::processKey, 1);
+    fake->setResult(th::Op::sendMheg5Command, 1);
     for (bool mheg5 : {false, true}) {
         SCOPED_TRACE(mheg5 ? "sendMheg5Key" : "processKey");
         const std::string line =
@@ -47,7 +47,7 @@ TEST_F(Keys, EachHandlerTranslatesItsOwnKeysAndDropsTheRest) {
                 EXPECT_EQ(th::logs().size(), 1u) << key << ": " << th::dumpLogs();
                 continue;
             }
-            EXPECT_EQ(calls[0].op, mheg5 ? "sendMheg5Command" : "processKey");
+            EXPECT_EQ(calls[0].op, mheg5 ? th::Op::sendMheg5Command : th::Op::processKey);
             sent[key] = calls[0].args.at(0);
             const std::string translated = std::to_string(key) + " to " + std::to_string(sent[key]);
             EXPECT_TRUE(th::hasLog(D, line + translated)) << th::dumpLogs();
@@ -83,12 +83,13 @@ TEST_F(Keys, TheFlagPassesAsABooleanAndTheAnswerKeepsBitZero) {
     for (auto [answer, flag] :
          {std::pair<int64_t, jboolean>{2, 0x80}, {3, 2}, {0xFF, 0}, {0xFE, 1}}) {
         fake->clearCalls();
-        fake->setResult("processKey", answer);
-        fake->setResult("sendMheg5Command", answer);
+        fake->setResult(th::Op::processKey, answer);
+        fake->setResult(th::Op::sendMheg5Command, answer);
         EXPECT_EQ(processKey(th::env(), player, 0, flag), answer & 1);
         EXPECT_EQ(mheg5Key(th::env(), player, 4), answer & 1);
-        EXPECT_EQ(fake->callsOf("processKey").at(0).args, (std::vector<int64_t>{0, flag != 0}));
-        EXPECT_EQ(fake->callsOf("sendMheg5Command").at(0).args, (std::vector<int64_t>{9}));
+        EXPECT_EQ(fake->callsOf(th::Op::processKey).at(0).args,
+                  (std::vector<int64_t>{0, flag != 0}));
+        EXPECT_EQ(fake->callsOf(th::Op::sendMheg5Command).at(0).args, (std::vector<int64_t>{9}));
     }
 }
 

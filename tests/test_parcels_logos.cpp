@@ -15,7 +15,7 @@
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
 #include "marshal/caption_logo.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -63,27 +63,27 @@ protected:
 TEST_F(ParcelsLogos, ParcelsReachThePlayerAsTheirNativeParcelsOrNull) {
     jobject request = obtainParcel();
     jobject reply = obtainParcel();
-    fake->setResult("getVChipRatingInfo", 1);
+    fake->setResult(th::Op::getVChipRatingInfo, 1);
     EXPECT_EQ(th::callZ(player, "native_getVChipRatingInfo", kTwoParcels, request, reply),
               JNI_TRUE);
     th::callV(player, "native_getRRTInformation", kOneParcel, reply);
     th::callV(player, "getAllBISSProgramInfo", kOneParcel, reply);
     EXPECT_EQ(th::countLog(D, kSuccessLine), 4) << "one line per converted parcel";
-    EXPECT_EQ(fake->callsOf("getVChipRatingInfo").at(0).args,
+    EXPECT_EQ(fake->callsOf(th::Op::getVChipRatingInfo).at(0).args,
               (std::vector<int64_t>{nativePtr(request), nativePtr(reply)}));
-    auto args = fake->callsOf("getRRTInformation").at(0).args;
+    auto args = fake->callsOf(th::Op::getRRTInformation).at(0).args;
     EXPECT_NE(args.at(0), 0) << "a request parcel of its own";
     EXPECT_NE(args.at(0), nativePtr(request));
     EXPECT_EQ(args.at(1), nativePtr(reply));
-    EXPECT_EQ(fake->callsOf("getAllBISSProgramInfo").at(0).args.at(0), nativePtr(reply));
+    EXPECT_EQ(fake->callsOf(th::Op::getAllBISSProgramInfo).at(0).args.at(0), nativePtr(reply));
 
     // A null parcel goes on as null, silently; one without a native parcel as null too, with
     // the report of line 111.
     th::clearLogs();
     jobject unset = parcelWithoutPointer();
-    fake->setResult("getEWSInfo", 3);
+    fake->setResult(th::Op::getEWSInfo, 3);
     EXPECT_EQ(th::callZ(player, "getEWSInfo", kTwoParcels, nullptr, unset), JNI_TRUE);
-    EXPECT_EQ(fake->callsOf("getEWSInfo").at(0).args, (std::vector<int64_t>{0, 0}));
+    EXPECT_EQ(fake->callsOf(th::Op::getEWSInfo).at(0).args, (std::vector<int64_t>{0, 0}));
     EXPECT_EQ(th::countLog(E, kNoPtrLine), 1) << th::dumpLogs();
     EXPECT_EQ(th::logs().size(), 2u) << "the trace and that report only: " << th::dumpLogs();
     th::env()->DeleteLocalRef(unset);
@@ -94,10 +94,10 @@ TEST_F(ParcelsLogos, ParcelsReachThePlayerAsTheirNativeParcelsOrNull) {
     auto fn = reinterpret_cast<Fn>(
         th::librarySymbol("com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo"));
     ASSERT_NE(fn, nullptr);
-    fake->setResult("getVChipRatingInfo", 2);
+    fake->setResult(th::Op::getVChipRatingInfo, 2);
     EXPECT_EQ(fn(th::env(), player, request, reply), 2);
     // The RRT reset, by contrast, keeps bit 0.
-    fake->setResult("resetRrtInformation", 2);
+    fake->setResult(th::Op::resetRrtInformation, 2);
     EXPECT_EQ(th::callZ(player, "resetRrtInformation", "()Z"), JNI_FALSE);
     recycle(request);
     recycle(reply);
@@ -105,12 +105,12 @@ TEST_F(ParcelsLogos, ParcelsReachThePlayerAsTheirNativeParcelsOrNull) {
 
 TEST_F(ParcelsLogos, BissKeyArrivesAsExactlyItsBytesAndBadLengthsAreContained) {
     std::vector<std::string> keys;
-    fake->onCall("setProgramBISSKeyByNumber", [&](const host::OutArgs& o) {
+    fake->onCall(th::Op::setProgramBISSKeyByNumber, [&](const th::OutArgs& o) {
         const auto args = fake->calls().back().args;  // program, type, key, length
         EXPECT_EQ(args.at(0), 12);
         keys.emplace_back(static_cast<const char*>(o.p.at(0)), static_cast<size_t>(args.at(3)));
     });
-    fake->setResult("setProgramBISSKeyByNumber", 3);
+    fake->setResult(th::Op::setProgramBISSKeyByNumber, 3);
     jstring key = th::env()->NewStringUTF("0123456789ABCDEF");
     std::vector<jboolean> results;
     for (jint length : {16, 0, 4, 4096, -1}) {
@@ -175,29 +175,29 @@ TEST_F(ParcelsLogos, CaptionStyleReachesThePlayerAsLowBytesInOrder) {
                  static_cast<jshort>(i == 0 ? 258 : (i == 9 ? -1 : 10 + i)));
     }
     std::vector<int> seen;
-    fake->onCall("drawPreviewCCWin", [&](const host::OutArgs& o) {
+    fake->onCall(th::Op::drawPreviewCCWin, [&](const th::OutArgs& o) {
         const auto* bytes = &o.at<CaptionOptionSettingRec>(0).currProgInfoFGColor;
         seen.assign(bytes, bytes + 10);
     });
-    fake->setResult("drawPreviewCCWin", 1);
+    fake->setResult(th::Op::drawPreviewCCWin, 1);
     EXPECT_EQ(th::callZ(player, "drawPreviewCCWin", kCaptionSig, s), JNI_TRUE);
     EXPECT_EQ(seen, (std::vector<int>{2, 11, 12, 13, 14, 15, 16, 17, 18, 255})) << "258 gives 2";
     th::env()->DeleteLocalRef(s);
 
     fake->clearCalls();
     EXPECT_EQ(th::callZ(player, "drawPreviewCCWin", kCaptionSig, nullptr), JNI_FALSE);
-    EXPECT_TRUE(fake->callsOf("drawPreviewCCWin").empty());
+    EXPECT_TRUE(fake->callsOf(th::Op::drawPreviewCCWin).empty());
     EXPECT_TRUE(th::hasFatal("com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin", kIse));
 }
 
 TEST_F(ParcelsLogos, ByteLogoCarriesItsSizesBehindTheBytes) {
-    fake->onCall("getLogoData", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getLogoData, [](const th::OutArgs& o) {
         std::memcpy(o.p.at(0), "\xFF\x80", 2);
         static_cast<uint8_t*>(o.p.at(0))[pij::kLogoCapacity - 1] = 7;
         o.at<int32_t>(1) = 39;
         o.at<int32_t>(2) = -2;
     });
-    fake->setResult("getLogoData", 3);
+    fake->setResult(th::Op::getLogoData, 3);
     auto a = static_cast<jintArray>(th::callL(player, "getLogoData", "()[I"));
     std::vector<jint> v = th::ints(a);
     th::env()->DeleteLocalRef(a);
@@ -206,7 +206,7 @@ TEST_F(ParcelsLogos, ByteLogoCarriesItsSizesBehindTheBytes) {
         << "zero-extended, never -1";
     EXPECT_EQ(std::vector<jint>(v.end() - 3, v.end()), (std::vector<jint>{7, 39, -2}));
 
-    fake->setResult("getLogoData", 2);
+    fake->setResult(th::Op::getLogoData, 2);
     th::clearLogs();
     EXPECT_EQ(th::callL(player, "getLogoData", "()[I"), nullptr);
     EXPECT_EQ(th::logs().size(), 1u) << "a failed call logs nothing beyond its trace line";
@@ -214,13 +214,13 @@ TEST_F(ParcelsLogos, ByteLogoCarriesItsSizesBehindTheBytes) {
 
 TEST_F(ParcelsLogos, ArgbLogoCarriesItsSizesInFrontAndStaysInItsBuffer) {
     int32_t a = 0, b = 0;
-    fake->onCall("getChannelLogoARGB", [&](const host::OutArgs& o) {
+    fake->onCall(th::Op::getChannelLogoARGB, [&](const th::OutArgs& o) {
         auto* px = static_cast<uint32_t*>(o.p.at(0));
         for (int i = 0; i < pij::kLogoCapacity; ++i) px[i] = 0xFF000000u + static_cast<uint32_t>(i);
         o.at<int32_t>(1) = a;
         o.at<int32_t>(2) = b;
     });
-    fake->setResult("getChannelLogoARGB", 1);
+    fake->setResult(th::Op::getChannelLogoARGB, 1);
     auto fetch = [&](int32_t na, int32_t nb) {
         a = na, b = nb;
         auto arr = static_cast<jintArray>(th::callL(player, "getChannelLogoARGB", "()[I"));
@@ -229,7 +229,7 @@ TEST_F(ParcelsLogos, ArgbLogoCarriesItsSizesInFrontAndStaysInItsBuffer) {
         return v;
     };
     EXPECT_EQ(fetch(0, 0), (std::vector<jint>{1, 0}));
-    EXPECT_EQ(fake->callsOf("getChannelLogoARGB").at(0).args.at(1), pij::kLogoCapacity);
+    EXPECT_EQ(fake->callsOf(th::Op::getChannelLogoARGB).at(0).args.at(1), pij::kLogoCapacity);
     std::vector<jint> v = fetch(39, 40);
     ASSERT_EQ(v.size(), 1602u);
     EXPECT_EQ(std::vector<jint>(v.begin(), v.begin() + 3),
@@ -246,7 +246,7 @@ TEST_F(ParcelsLogos, ArgbLogoCarriesItsSizesInFrontAndStaysInItsBuffer) {
     EXPECT_TRUE(fetch(0x7FFFFFFF, 0).empty());
     EXPECT_TRUE(fetch(0x7FFFFFFF, 0x7FFFFFFF).empty());
     EXPECT_EQ(th::logsContaining("refused").size(), 5u) << th::dumpLogs();
-    fake->setResult("getChannelLogoARGB", 0);
+    fake->setResult(th::Op::getChannelLogoARGB, 0);
     EXPECT_TRUE(fetch(0, 0).empty());
 }
 

@@ -12,7 +12,7 @@
 #include "harness/fields.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -197,7 +197,7 @@ TEST_F(Payloads, AfterFinalizeScanEventsAreReadAndLoggedButOnlyHbbtvPosts) {
 
     // A new player brings the shared objects back.
     renewPlayer();
-    fake = host::lastFakePlayer();
+    fake = th::lastFakePlayer();
     p.setDataPosition(0);
     fire(kAtvAuto, p);
     EXPECT_NE(posted("TVPLAYER_ATV_AUTO_TUNING_SCAN_INFO", 6), nullptr);

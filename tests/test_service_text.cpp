@@ -17,7 +17,7 @@
 #include "marshal/multiplex.h"
 #include "marshal/picture.h"
 #include "marshal/satellite.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 #include "playerimpl_host/host_player.h"
 
 namespace {
@@ -81,18 +81,18 @@ protected:
 
 TEST_F(ServiceText, CommandsThatReturnText) {
     check("getLanguageCode", [&](const TextCase& c) {
-        fake->setText("getLanguageCode", c.service);
+        fake->setText(th::Op::getLanguageCode, c.service);
         return text(th::callL(player, "getLanguageCode", "()Ljava/lang/String;"));
     });
     check("getCurrentRatingInformation", [&](const TextCase& c) {
-        fake->setText("getCurrentRatingInformation", c.service);
+        fake->setText(th::Op::getCurrentRatingInformation, c.service);
         return text(th::callL(player, "getCurrentRatingInformation", "()Ljava/lang/String;"));
     });
 }
 
 TEST_F(ServiceText, NamesInValueObjects) {
     check("getCurrentSignalInformation", [&](const TextCase& c) {
-        fake->onCall("getCurrentSignalInformation", [&](const host::OutArgs& o) {
+        fake->onCall(th::Op::getCurrentSignalInformation, [&](const th::OutArgs& o) {
             o.at<DtvProgramSignalInfoRec>(0).networkName = android::String8(c.service);
         });
         return name(th::callL(player, "getCurrentSignalInformation",
@@ -100,7 +100,7 @@ TEST_F(ServiceText, NamesInValueObjects) {
                     "networkName");
     });
     check("getRFInfo", [&](const TextCase& c) {
-        fake->onCall("getRfInfo", [&](const host::OutArgs& o) {
+        fake->onCall(th::Op::getRfInfo, [&](const th::OutArgs& o) {
             o.at<RfInfoRec>(0).rfName = android::String8(c.service);
         });
         return name(th::callL(player, "native_getRfInfo",
@@ -108,7 +108,7 @@ TEST_F(ServiceText, NamesInValueObjects) {
                     "rfName");
     });
     check("getSatelliteInfo", [&](const TextCase& c) {
-        fake->onCall("getSatelliteInfo", [&](const host::OutArgs& o) {
+        fake->onCall(th::Op::getSatelliteInfo, [&](const th::OutArgs& o) {
             o.at<SatelliteInfoRec>(0).satName = android::String8(c.service);
         });
         return name(th::callL(player, "getSatelliteInfo",

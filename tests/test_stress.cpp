@@ -26,7 +26,7 @@
 
 #include "core/parcel.h"
 #include "harness/jvm_harness.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 #include "playerimpl_host/host_player.h"
 #include "reliability/native_calls.h"
 #include "tvdisplay_host.h"
@@ -118,7 +118,7 @@ int stillReachable(JNIEnv* e, std::vector<jweak>& refs) {
 // ---- The player currently set up, published by the life-cycle thread ----
 
 struct Snapshot {
-    android::sp<host::FakePlayer> fake;
+    android::sp<th::FakePlayer> fake;
     long epoch = 0;
     bool up = false;
 };
@@ -243,8 +243,8 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
     th::findClass("android/os/Parcel");
     jclass system = th::findClass("java/lang/System");
 
-    host::useFakePlayer();
-    const int fakesBefore = host::FakePlayer::liveFakes();
+    th::useFakePlayer();
+    const int fakesBefore = th::FakePlayer::liveFakes();
     const int proxiesBefore = host::HostPlayer::liveCount();
     std::vector<android::wp<PlayerImplListener>> listeners;
     std::vector<jweak> players;
@@ -254,7 +254,7 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
     // does not keep every suspended proxy to the end).
     std::array<std::atomic<long>, 4> callsDone{};
     struct Suspended {
-        android::sp<host::FakePlayer> fake;
+        android::sp<th::FakePlayer> fake;
         std::array<long, 4> seen;
     };
     std::deque<Suspended> suspended;
@@ -264,7 +264,7 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
             for (int c = 0; c < 4 && !all; ++c) {
                 if (callsDone[c].load() <= suspended.front().seen[c]) return;
             }
-            host::FakePlayer& f = *suspended.front().fake;
+            th::FakePlayer& f = *suspended.front().fake;
             f.disconnect();
             f.setListener(nullptr);
             f.decStrong(nullptr);  // the reference suspend left in the proxy's keeping
@@ -309,10 +309,10 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
         while (Clock::now() < deadline) {
             jobject p = e->NewObject(pc, e->GetMethodID(pc, "<init>", "()V"));
             if (gFig.threw(e, "constructing a player threw")) break;
-            auto fake = host::lastFakePlayer();
-            fake->setResult("closeTeletext", 3);
-            fake->setResult("getPhaseRange", 77);
-            fake->setResult("getVideoStandardDetectionState", 0x1FE);
+            auto fake = th::lastFakePlayer();
+            fake->setResult(th::Op::closeTeletext, 3);
+            fake->setResult(th::Op::getPhaseRange, 77);
+            fake->setResult(th::Op::getVideoStandardDetectionState, 0x1FE);
             listeners.push_back(fake->listener());
             players.push_back(e->NewWeakGlobalRef(p));
             gFig.setups.fetch_add(1);
@@ -516,7 +516,7 @@ TEST(Stress, ManyThreadsPlayersAndEventsLeaveNothingBehind) {
 
     // Nothing outlives its last reference: proxies, listeners (and so the global references
     // they hold), the producers the surfaces were bound to.
-    EXPECT_EQ(host::FakePlayer::liveFakes(), fakesBefore);
+    EXPECT_EQ(th::FakePlayer::liveFakes(), fakesBefore);
     EXPECT_EQ(host::HostPlayer::liveCount(), proxiesBefore);
     int liveListeners = 0;
     for (auto& w : listeners) liveListeners += w.promote() != nullptr;

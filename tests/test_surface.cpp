@@ -15,7 +15,7 @@
 #include "harness/fields.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 #include "surface/video_surface.h"
 #include "tvdisplay_host.h"
 
@@ -245,11 +245,11 @@ TEST_F(Surface, UnbindClosesTheWindowAndLeavesTheReference) {
 
 TEST_F(Surface, HdmiGpioPassesUpToFourValuesAndZeroesTheRest) {
     std::vector<std::vector<int32_t>> seen;
-    fake->onCall("setHdmiGpio", [&](const host::OutArgs& o) {
+    fake->onCall(th::Op::setHdmiGpio, [&](const th::OutArgs& o) {
         const int32_t* v = o.at<HdmiGpioRec>(0).values;
         seen.emplace_back(v, v + 4);
     });
-    fake->setResult("setHdmiGpio", 3);
+    fake->setResult(th::Op::setHdmiGpio, 3);
     EXPECT_EQ(gpio({1, 2, 3, 4, 5, 6}), JNI_TRUE);
     EXPECT_EQ(gpio({}), JNI_TRUE);
     EXPECT_EQ(gpio({-9, 8}), JNI_TRUE);

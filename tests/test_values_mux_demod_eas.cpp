@@ -14,7 +14,7 @@
 #include "marshal/atsc_eas.h"
 #include "marshal/demod.h"
 #include "marshal/multiplex.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -83,9 +83,9 @@ TEST_F(ValuesMuxDemodEas, BothMultiplexQueriesZeroExtendAndPassTheirArguments) {
     // In record order, every field a value of its own; rfNumber 200 has its top bit set.
     const DvbMuxInfoRec rec{0xFFFF, 0x8000, 3,    0x1234, 0x233A, 0x3001, 0xFFFE, 200, 474000,
                             -1,     111,    6875, 0xFF,   0xABCD, 1,      0x90,   8,   0xF0};
-    auto fill = [rec](const host::OutArgs& o) { o.at<DvbMuxInfoRec>(0) = rec; };
-    fake->onCall("getCurrentMuxInfo", fill);
-    fake->onCall("getMuxInfoByProgramNumber", fill);
+    auto fill = [rec](const th::OutArgs& o) { o.at<DvbMuxInfoRec>(0) = rec; };
+    fake->onCall(th::Op::getCurrentMuxInfo, fill);
+    fake->onCall(th::Op::getMuxInfoByProgramNumber, fill);
     for (jobject m :
          {th::callL(player, "getCurrentMuxInfo", kMuxSig),
           th::callL(player, "getMuxInfoByProgramNumber", kMuxBySig, 1001, jshort{-5})}) {
@@ -99,13 +99,13 @@ TEST_F(ValuesMuxDemodEas, BothMultiplexQueriesZeroExtendAndPassTheirArguments) {
         EXPECT_EQ(th::fields(m, want), want);
         th::env()->DeleteLocalRef(m);
     }
-    auto args = fake->callsOf("getMuxInfoByProgramNumber").at(0).args;
+    auto args = fake->callsOf(th::Op::getMuxInfoByProgramNumber).at(0).args;
     EXPECT_EQ(args.at(0), 1001);
     EXPECT_EQ(args.at(1), -5) << "a negative short passes unchanged";
 }
 
 TEST_F(ValuesMuxDemodEas, RfInfoCarriesItsArgumentsAndName) {
-    fake->onCall("getRfInfo", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getRfInfo, [](const th::OutArgs& o) {
         o.at<RfInfoRec>(0) = {0xFFF0, 177500, 1, android::String8("CH 5A")};
     });
     jobject rf = th::callL(player, "native_getRfInfo", kRfSig, 2, -7);
@@ -114,14 +114,14 @@ TEST_F(ValuesMuxDemodEas, RfInfoCarriesItsArgumentsAndName) {
               "rfPhyNum:S=-16 frequency:I=177500 isVHF:Z=1");
     EXPECT_EQ(th::getStr(rf, "rfName"), "CH 5A");
     th::env()->DeleteLocalRef(rf);
-    auto args = fake->callsOf("getRfInfo").at(0).args;
+    auto args = fake->callsOf(th::Op::getRfInfo).at(0).args;
     EXPECT_EQ(args.at(0), 2);
     EXPECT_EQ(args.at(1), -7);
 }
 
 TEST_F(ValuesMuxDemodEas, NitFrequenciesArePairedAndARefusalIsNull) {
-    fake->setResult("getNitFrequencyByDtvRegion", 1);
-    fake->onCall("getNitFrequencyByDtvRegion", [](const host::OutArgs& o) {
+    fake->setResult(th::Op::getNitFrequencyByDtvRegion, 1);
+    fake->onCall(th::Op::getNitFrequencyByDtvRegion, [](const th::OutArgs& o) {
         o.at<int32_t>(0) = 506000;
         o.at<int32_t>(1) = -2;
     });
@@ -129,11 +129,11 @@ TEST_F(ValuesMuxDemodEas, NitFrequenciesArePairedAndARefusalIsNull) {
         static_cast<jintArray>(th::callL(player, "native_getNitFrequencyByDtvRegion", "(I)[I", 9));
     EXPECT_EQ(th::ints(a), (std::vector<jint>{506000, -2}));
     th::env()->DeleteLocalRef(a);
-    EXPECT_EQ(fake->callsOf("getNitFrequencyByDtvRegion").at(0).args.at(0), 9);
+    EXPECT_EQ(fake->callsOf(th::Op::getNitFrequencyByDtvRegion).at(0).args.at(0), 9);
 
     // Only bit 0 of the answer counts: 2 is a refusal.
     th::clearLogs();
-    fake->setResult("getNitFrequencyByDtvRegion", 2);
+    fake->setResult(th::Op::getNitFrequencyByDtvRegion, 2);
     EXPECT_EQ(th::callL(player, "native_getNitFrequencyByDtvRegion", "(I)[I", 9), nullptr);
     EXPECT_EQ(th::countLog(E, fatal("native_getNitFrequencyByDtvRegion", 2950, kState)), 1)
         << th::dumpLogs();
@@ -142,7 +142,7 @@ TEST_F(ValuesMuxDemodEas, NitFrequenciesArePairedAndARefusalIsNull) {
 // ---- Demodulator ----
 
 TEST_F(ValuesMuxDemodEas, DemodVersionKeepsEveryByteZeroExtended) {
-    fake->onCall("getDTVDemodVersion", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getDTVDemodVersion, [](const th::OutArgs& o) {
         // name "A", 0, "C", 0xC3; version "01"; build "02"; changelist "1234567", 0xFF
         std::memcpy(&o.at<DtvDemodVersionRec>(0), "A\0C\30301021234567\377", 16);
     });
@@ -153,20 +153,20 @@ TEST_F(ValuesMuxDemodEas, DemodVersionKeepsEveryByteZeroExtended) {
     EXPECT_EQ(th::numbers<jchar>(v, "build", "[C"), "48,50");
     EXPECT_EQ(th::numbers<jchar>(v, "changelist", "[C"), "49,50,51,52,53,54,55,255");
     th::env()->DeleteLocalRef(v);
-    EXPECT_EQ(fake->callsOf("getDTVDemodVersion").at(0).args.at(0), 4);
+    EXPECT_EQ(fake->callsOf(th::Op::getDTVDemodVersion).at(0).args.at(0), 4);
 }
 
 TEST_F(ValuesMuxDemodEas, DemodStateCarriesItsBitsOrIsNullSilentlyWhenRefused) {
-    fake->onCall("getDemodDVBTInfo", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getDemodDVBTInfo, [](const th::OutArgs& o) {
         o.at<DtvDemodDvbtInfoRec>(0) = {0x8001, 0x80, 1.5f, -0.25f, 0xFFFF, 0xF0, 0xF1, 0xF2, 0xF3,
                                         0xF4,   0xF5, 0xF6, 0xF7,   0xF8,   0xF9, 0xFA, 0xFB, 0xFC};
     });
-    fake->onCall("getDemodDVBCInfo", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getDemodDVBCInfo, [](const th::OutArgs& o) {
         o.at<DtvDemodDvbcInfoRec>(0) = {3, 40000,  0x81, 0xFFFFFFFFu, 1, 0,  0xFE, 123456,
                                         2, 0x8000, 99,   0x80000000u, 7, 64, 6900};
     });
-    fake->setResult("getDemodDVBTInfo", 1);
-    fake->setResult("getDemodDVBCInfo", 1);
+    fake->setResult(th::Op::getDemodDVBTInfo, 1);
+    fake->setResult(th::Op::getDemodDVBCInfo, 1);
 
     jobject t = th::callL(player, "getDemodDVBTInfo", kDvbtSig);
     ASSERT_NE(t, nullptr);
@@ -193,7 +193,7 @@ TEST_F(ValuesMuxDemodEas, DemodStateCarriesItsBitsOrIsNullSilentlyWhenRefused) {
     for (const auto& [method, sig] :
          {std::pair{"getDemodDVBTInfo", kDvbtSig}, std::pair{"getDemodDVBCInfo", kDvbcSig}}) {
         th::clearLogs();
-        fake->setResult(method, 2);
+        fake->setResult(th::opNamed(method).value(), 2);
         EXPECT_EQ(th::callL(player, method, sig), nullptr);
         EXPECT_EQ(th::logs().size(), 1u) << th::dumpLogs();
         EXPECT_TRUE(th::hasLog(D, method));
@@ -203,7 +203,7 @@ TEST_F(ValuesMuxDemodEas, DemodStateCarriesItsBitsOrIsNullSilentlyWhenRefused) {
 // ---- ATSC alert ----
 
 TEST_F(ValuesMuxDemodEas, AlertArraysAreWholeWithTheRecordsMixedSignedness) {
-    fake->onCall("getEASInProgress", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getEASInProgress, [](const th::OutArgs& o) {
         auto& r = o.at<MwAtscEasInfoRec>(0);
         std::memset(&r, 0, sizeof r);  // no location or exception counted: whole arrays anyway
         r.u8VerNum = static_cast<int8_t>(0xFF);

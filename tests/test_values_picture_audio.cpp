@@ -13,7 +13,7 @@
 #include "harness/player_test.h"
 #include "marshal/audio.h"
 #include "marshal/picture.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -54,13 +54,13 @@ TEST_F(ValuesPictureAudio, WithoutAPlayerEachBuilderLogsItsClassAndReturnsNull) 
 
 TEST_F(ValuesPictureAudio, PictureRecordsKeepTheirSignsAndOrder) {
     // Each record in its field order; every field a value of its own.
-    fake->onCall("getAspectRatio", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getAspectRatio, [](const th::OutArgs& o) {
         o.at<VideoArcInfoRec>(0) = {7, -3, -1, 0x7FFF, INT16_MIN, 12, /*bSetCusWin*/ 2};
     });
-    fake->onCall("getVideoInfo", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getVideoInfo, [](const th::OutArgs& o) {
         o.at<VideoInfoRec>(0) = {-1, 1080, 50000, /*modeIndex*/ -128, 2, 3, 4, -9};
     });
-    fake->onCall("getCurrentSignalInformation", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getCurrentSignalInformation, [](const th::OutArgs& o) {
         o.at<DtvProgramSignalInfoRec>(0) = {0xFFFF, 64, 0x8001, 90, -70, 6900, android::String8()};
     });
 
@@ -141,11 +141,11 @@ std::string describeAudio(jobject a) {
 class AudioValues : public ValuesPictureAudio {
 protected:
     void serve(const DtvAudioInfoRec& rec) {
-        auto fill = [rec](const host::OutArgs& o) {
+        auto fill = [rec](const th::OutArgs& o) {
             std::memcpy(&o.at<DtvAudioInfoRec>(0), &rec, sizeof rec);
         };
-        fake->onCall("getAudioInfo", fill);
-        fake->onCall("getAudioInfo_ex", fill);
+        fake->onCall(th::Op::getAudioInfo, fill);
+        fake->onCall(th::Op::getAudioInfo_ex, fill);
     }
     // The result as text, or the exception the managed caller received instead (taken and
     // cleared here, so the VM sees it checked).
@@ -190,8 +190,8 @@ TEST_F(AudioValues, BothQueriesGiveTheTracksWithSignedLanguageBytes) {
     EXPECT_EQ(query("getAudioInfo"), want);
     EXPECT_EQ(query("getAudioInfo_ex"), want);
     // Each query asks the player its own operation.
-    EXPECT_EQ(fake->callsOf("getAudioInfo").size(), 1u);
-    EXPECT_EQ(fake->callsOf("getAudioInfo_ex").size(), 1u);
+    EXPECT_EQ(fake->callsOf(th::Op::getAudioInfo).size(), 1u);
+    EXPECT_EQ(fake->callsOf(th::Op::getAudioInfo_ex).size(), 1u);
 }
 
 TEST_F(AudioValues, TrackCountsOutsideTheRecord) {
@@ -213,7 +213,7 @@ TEST_F(AudioValues, TrackCountsOutsideTheRecord) {
         th::clearLogs();
         EXPECT_EQ(query("getAudioInfo_ex"), "NegativeArraySizeException") << negative;
         EXPECT_EQ(th::logs().size(), 1u) << th::dumpLogs();
-        EXPECT_EQ(fake->callsOf("getAudioInfo_ex").size(), 1u);
+        EXPECT_EQ(fake->callsOf(th::Op::getAudioInfo_ex).size(), 1u);
     }
 
     // More than the record's 16 entries: 16 are read, with an ERROR line. Called straight into

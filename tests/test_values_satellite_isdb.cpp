@@ -15,7 +15,7 @@
 #include "harness/player_test.h"
 #include "marshal/isdb.h"
 #include "marshal/satellite.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace {
 
@@ -65,9 +65,9 @@ TEST_F(ValuesSatelliteIsdb, SatelliteFieldsCrossBothWaysEachToItsOwnPlace) {
     SatelliteInfoRec want{name, 4464, 10600, 3,      7,  44, 4,     5, 6,  8,   9,
                           10,   250,  192,   0xFFFF, 12, 13, 11778, 1, 14, 0xFF};
     SatelliteInfoRec seen{};
-    fake->onCall("addSatelliteInfo",
-                 [&](const host::OutArgs& o) { seen = o.at<SatelliteInfoRec>(0); });
-    fake->setResult("addSatelliteInfo", 3);
+    fake->onCall(th::Op::addSatelliteInfo,
+                 [&](const th::OutArgs& o) { seen = o.at<SatelliteInfoRec>(0); });
+    fake->setResult(th::Op::addSatelliteInfo, 3);
     EXPECT_EQ(th::callZ(player, "addSatelliteInfo", kAddSatSig, sat), JNI_TRUE);
     EXPECT_STREQ(seen.satName.c_str(), "Astra 19.2E");
     EXPECT_EQ(numbers(seen), numbers(want));
@@ -76,11 +76,11 @@ TEST_F(ValuesSatelliteIsdb, SatelliteFieldsCrossBothWaysEachToItsOwnPlace) {
     // The same record back, zero-extended, with the flag byte 2 stored as it stands: it reads
     // what a plain store of 2 gives on this VM, not true.
     want.mdu = 2;
-    fake->onCall("getSatelliteInfo",
-                 [&](const host::OutArgs& o) { o.at<SatelliteInfoRec>(0) = want; });
+    fake->onCall(th::Op::getSatelliteInfo,
+                 [&](const th::OutArgs& o) { o.at<SatelliteInfoRec>(0) = want; });
     sat = th::callL(player, "getSatelliteInfo", kGetSatSig, 3);
     ASSERT_NE(sat, nullptr);
-    EXPECT_EQ(fake->callsOf("getSatelliteInfo").at(0).args.at(0), 3);
+    EXPECT_EQ(fake->callsOf(th::Op::getSatelliteInfo).at(0).args.at(0), 3);
     EXPECT_EQ(th::getStr(sat, "satName"), "Astra 19.2E");
     const std::string back =
         "lowLOF:I=4464 hiLOF:I=10600 lnbFreq:I=7 lnbType:I=3 diseqcLevel:S=44 toneburstType:S=4 "
@@ -96,7 +96,7 @@ TEST_F(ValuesSatelliteIsdb, SatelliteFieldsCrossBothWaysEachToItsOwnPlace) {
 TEST_F(ValuesSatelliteIsdb, UpdateCopiesAnyNameWholeAndGoesOnWithoutOne) {
     const std::string longName = std::string(20000, 'x') + "\xC3\xA9nd";  // no length limit
     std::vector<std::string> names;
-    fake->onCall("updateSatelliteInfo", [&](const host::OutArgs& o) {
+    fake->onCall(th::Op::updateSatelliteInfo, [&](const th::OutArgs& o) {
         names.push_back(o.at<SatelliteInfoRec>(0).satName.c_str());
     });
     jobject sat = th::newObject(kSat);
@@ -107,12 +107,12 @@ TEST_F(ValuesSatelliteIsdb, UpdateCopiesAnyNameWholeAndGoesOnWithoutOne) {
     th::env()->DeleteLocalRef(sat);
     EXPECT_EQ(names, (std::vector<std::string>{longName, ""})) << "a null name calls the player";
     EXPECT_TRUE(th::hasLog(D, "Attention the Dtv_DVBS_Satellite_Info Satellite Name is null"));
-    EXPECT_EQ(fake->callsOf("updateSatelliteInfo").at(0).args.at(0), 6);
+    EXPECT_EQ(fake->callsOf(th::Op::updateSatelliteInfo).at(0).args.at(0), 6);
 }
 
 TEST_F(ValuesSatelliteIsdb, TransponderFieldsCrossBothWays) {
     // Out: the byte polarity as it is, the others zero-extended, the frequency bit for bit.
-    fake->onCall("getTransponderInfo", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getTransponderInfo, [](const th::OutArgs& o) {
         o.at<DvbsTransponderInfoRec>(0) = {-5, 0xFFFF, 0xFF, 0xFF, 0x81, 0xFFFE};
     });
     jobject tp = th::callL(player, "getTransponderInfo", kGetTpSig, 2, 17);
@@ -121,7 +121,7 @@ TEST_F(ValuesSatelliteIsdb, TransponderFieldsCrossBothWays) {
         "frequency:I=-5 symbolRate:I=65535 polarity:B=-1 satelliteId:S=255 rf:S=129 tpId:I=65534";
     EXPECT_EQ(th::fields(tp, want), want);
     th::env()->DeleteLocalRef(tp);
-    auto args = fake->callsOf("getTransponderInfo").at(0).args;
+    auto args = fake->callsOf(th::Op::getTransponderInfo).at(0).args;
     EXPECT_EQ(args.at(0), 2);
     EXPECT_EQ(args.at(1), 17);
 
@@ -132,18 +132,18 @@ TEST_F(ValuesSatelliteIsdb, TransponderFieldsCrossBothWays) {
                "tpId:I=65535",
                true);
     std::vector<DvbsTransponderInfoRec> seen;
-    auto keep = [&](const host::OutArgs& o) { seen.push_back(o.at<DvbsTransponderInfoRec>(0)); };
-    fake->onCall("addTransponderInfo", keep);
-    fake->onCall("updateTransponderInfo", keep);
-    fake->setResult("addTransponderInfo", 1);
+    auto keep = [&](const th::OutArgs& o) { seen.push_back(o.at<DvbsTransponderInfoRec>(0)); };
+    fake->onCall(th::Op::addTransponderInfo, keep);
+    fake->onCall(th::Op::updateTransponderInfo, keep);
+    fake->setResult(th::Op::addTransponderInfo, 1);
     EXPECT_EQ(th::callZ(player, "addTransponderInfo", kAddTpSig, 4, tp), JNI_TRUE);
     EXPECT_EQ(th::callZ(player, "updateTransponderInfo", kUpdTpSig, 4, 9, tp), JNI_FALSE);
     th::env()->DeleteLocalRef(tp);
     ASSERT_EQ(seen.size(), 2u);
     const DvbsTransponderInfoRec in{12603000, 0x2345, 0xFF, 200, 7, 65535};
     for (const auto& r : seen) EXPECT_EQ(numbers(r), numbers(in));
-    EXPECT_EQ(fake->callsOf("addTransponderInfo").at(0).args.at(0), 4);
-    args = fake->callsOf("updateTransponderInfo").at(0).args;
+    EXPECT_EQ(fake->callsOf(th::Op::addTransponderInfo).at(0).args.at(0), 4);
+    args = fake->callsOf(th::Op::updateTransponderInfo).at(0).args;
     EXPECT_EQ(args.at(0), 4);
     EXPECT_EQ(args.at(1), 9);
 }
@@ -152,8 +152,8 @@ TEST_F(ValuesSatelliteIsdb, TransponderFieldsCrossBothWays) {
 
 TEST_F(ValuesSatelliteIsdb, EwbsCodeListHoldsAtMostAHundredButDataLenTellsAll) {
     int reported = 0;
-    fake->setResult("getEWBSInfo", -3);
-    fake->onCall("getEWBSInfo", [&](const host::OutArgs& o) {
+    fake->setResult(th::Op::getEWBSInfo, -3);
+    fake->onCall(th::Op::getEWBSInfo, [&](const th::OutArgs& o) {
         o.at<int32_t>(0) = 7;  // title type
         for (int i = 0; i < reported; ++i) o.at<std::vector<int32_t>>(1).push_back(1000 + i);
     });
@@ -178,19 +178,19 @@ TEST_F(ValuesSatelliteIsdb, EwbsCodeListHoldsAtMostAHundredButDataLenTellsAll) {
 }
 
 TEST_F(ValuesSatelliteIsdb, EwbsOperationsAndUserLocationsPassTheirValuesThrough) {
-    fake->setResult("setEWBSOpInfo", -8);
+    fake->setResult(th::Op::setEWBSOpInfo, -8);
     EXPECT_EQ(th::callI(player, "setEWBSOpInfo", kSetEwbsOpSig, 3, -4), -8);
-    EXPECT_EQ(fake->callsOf("setEWBSOpInfo").at(0).args, (std::vector<int64_t>{3, -4}));
+    EXPECT_EQ(fake->callsOf(th::Op::setEWBSOpInfo).at(0).args, (std::vector<int64_t>{3, -4}));
 
-    fake->setResult("getEWBSOpInfo", 5);
-    fake->onCall("getEWBSOpInfo", [](const host::OutArgs& o) { o.at<int32_t>(0) = -77; });
+    fake->setResult(th::Op::getEWBSOpInfo, 5);
+    fake->onCall(th::Op::getEWBSOpInfo, [](const th::OutArgs& o) { o.at<int32_t>(0) = -77; });
     jobject op = th::callL(player, "getEWBSOpInfo", kEwbsOpSig, 11);
     ASSERT_NE(op, nullptr);
     EXPECT_EQ(th::fields(op, "reqOp:I= returnCode:I= value:I="),
               "reqOp:I=11 returnCode:I=5 value:I=-77");
     th::env()->DeleteLocalRef(op);
 
-    fake->onCall("getUserLocationInfo", [](const host::OutArgs& o) {
+    fake->onCall(th::Op::getUserLocationInfo, [](const th::OutArgs& o) {
         o.at<LocationInfoRec>(0) = {android::String8("S\xC3\xA3o Paulo"), -1395, -235};
     });
     jobject loc = th::callL(player, "getUserLocationInfo", kLocationSig, 2);
@@ -198,7 +198,7 @@ TEST_F(ValuesSatelliteIsdb, EwbsOperationsAndUserLocationsPassTheirValuesThrough
     EXPECT_EQ(th::getStr(loc, "locationName"), "S\xC3\xA3o Paulo");
     EXPECT_EQ(th::fields(loc, "longitude:I= latitude:I="), "longitude:I=-1395 latitude:I=-235");
     th::env()->DeleteLocalRef(loc);
-    EXPECT_EQ(fake->callsOf("getUserLocationInfo").at(0).args.at(0), 2);
+    EXPECT_EQ(fake->callsOf(th::Op::getUserLocationInfo).at(0).args.at(0), 2);
 }
 
 TEST_F(ValuesSatelliteIsdb, WithoutAPlayerEveryHandlerReportsAndAnswersNeutrally) {

@@ -22,9 +22,9 @@ void VmTest::TearDown() {
 
 void PlayerTest::SetUp() {
     if (skipped()) GTEST_SKIP();
-    host::useFakePlayer();
+    th::useFakePlayer();
     player = newPlayer();
-    fake = host::lastFakePlayer();
+    fake = th::lastFakePlayer();
     ASSERT_NE(fake, nullptr);
     VmTest::SetUp();
 }

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 #include <jni.h>
 
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 namespace th {
 
@@ -48,7 +48,7 @@ protected:
     void renewPlayer();
 
     jobject player = nullptr;
-    android::sp<host::FakePlayer> fake;
+    android::sp<th::FakePlayer> fake;
 };
 
 }  // namespace th

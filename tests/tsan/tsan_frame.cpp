@@ -14,7 +14,7 @@
 #include "core/handlers.h"
 #include "core/parcel.h"
 #include "fake_jni.h"
-#include "playerimpl_host/fake_player.h"
+#include "double/fake_player.h"
 
 using namespace fake;
 
@@ -25,8 +25,8 @@ int main(int argc, char** argv) {
     jobject thiz = newGlobal(env, keepLocal(&gPlayerObject));
     jobject weak = keepLocal(&gWeakObject);
     const long globalsBefore = gGlobals.load();
-    host::useFakePlayer();
-    const int fakesBefore = host::FakePlayer::liveFakes();
+    th::useFakePlayer();
+    const int fakesBefore = th::FakePlayer::liveFakes();
     std::atomic<bool> stop{false};
     std::atomic<long> calls{0}, events{0}, setups{0};
 
@@ -57,7 +57,7 @@ int main(int argc, char** argv) {
         threads.emplace_back([&, t] {
             while (!stop.load()) {
                 // The last proxy set up, if it still lives: the service may outlive it.
-                android::sp<host::FakePlayer> fake = host::lastFakePlayer();
+                android::sp<th::FakePlayer> fake = th::lastFakePlayer();
                 android::sp<PlayerImplListener> l = fake ? fake->listener() : nullptr;
                 if (l == nullptr) {
                     std::this_thread::yield();
@@ -79,13 +79,13 @@ int main(int argc, char** argv) {
     lifecycle.join();
     for (auto& t : threads) t.join();
 
-    const bool balanced = host::FakePlayer::liveFakes() == fakesBefore &&
+    const bool balanced = th::FakePlayer::liveFakes() == fakesBefore &&
                           gGlobals.load() == globalsBefore && gPlayerObject.context == 0;
     printf(
         "tsan_frame: %d s, %ld calls, %ld events, %ld posts, %ld set-ups; proxies %d -> %d, "
         "global references %ld -> %ld: %s\n",
         seconds, calls.load(), events.load(), gPosts.load(), setups.load(), fakesBefore,
-        host::FakePlayer::liveFakes(), globalsBefore, gGlobals.load(),
+        th::FakePlayer::liveFakes(), globalsBefore, gGlobals.load(),
         balanced ? "balanced" : "NOT BALANCED");
     deleteGlobal(env, thiz);
     return balanced ? 0 : 1;

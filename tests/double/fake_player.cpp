@@ -1,28 +1,53 @@
+#include "double/fake_player.h"
+
 #include <tuple>
 #include <type_traits>
 
-#include "playerimpl_host/fake_player.h"
+namespace th {
 
-namespace host {
+using host::runOnServiceThread;
+using host::setConnectFactory;
+
+namespace {
+
+const char* const kOpNames[] = {
+#define PIJ_PLAYER_OP(result, name, parameters, arguments) #name,
+#define PIJ_PLAYER_PLACEHOLDER(name) #name,
+#include "core/player_operations.def"
+#undef PIJ_PLAYER_OP
+#undef PIJ_PLAYER_PLACEHOLDER
+    "disconnect",
+};
+
+}  // namespace
+
+const char* nameOf(Op op) { return kOpNames[static_cast<size_t>(op)]; }
+
+std::optional<Op> opNamed(const std::string& name) {
+    for (size_t i = 0; i < sizeof kOpNames / sizeof kOpNames[0]; ++i) {
+        if (name == kOpNames[i]) return static_cast<Op>(i);
+    }
+    return std::nullopt;
+}
 
 std::atomic<int> FakePlayer::sLiveFakes{0};
 
 FakePlayer::FakePlayer() { sLiveFakes.fetch_add(1); }
 FakePlayer::~FakePlayer() { sLiveFakes.fetch_sub(1); }
 
-void FakePlayer::onDisconnect() { record("disconnect", {}, {}); }
+void FakePlayer::onDisconnect() { record(Op::disconnect, {}, {}); }
 
-void FakePlayer::setResult(const std::string& op, int64_t value) {
+void FakePlayer::setResult(Op op, int64_t value) {
     std::lock_guard<std::mutex> guard(mLock);
     mResults[op] = value;
 }
 
-void FakePlayer::setText(const std::string& op, const std::string& text) {
+void FakePlayer::setText(Op op, const std::string& text) {
     std::lock_guard<std::mutex> guard(mLock);
     mTexts[op] = text;
 }
 
-void FakePlayer::onCall(const std::string& op, std::function<void(const OutArgs&)> hook) {
+void FakePlayer::onCall(Op op, std::function<void(const OutArgs&)> hook) {
     std::lock_guard<std::mutex> guard(mLock);
     mHooks[op] = std::move(hook);
 }
@@ -32,7 +57,7 @@ std::vector<Call> FakePlayer::calls() const {
     return mCalls;
 }
 
-std::vector<Call> FakePlayer::callsOf(const std::string& op) const {
+std::vector<Call> FakePlayer::callsOf(Op op) const {
     std::vector<Call> out;
     for (const Call& c : calls()) {
         if (c.op == op) out.push_back(c);
@@ -51,7 +76,7 @@ void FakePlayer::fire(std::function<void(PlayerImplListener&)> event, int thread
     runOnServiceThread(thread, [&] { event(*l); });
 }
 
-int64_t FakePlayer::record(const char* op, std::vector<int64_t> args, std::vector<void*> outs) {
+int64_t FakePlayer::record(Op op, std::vector<int64_t> args, std::vector<void*> outs) {
     std::function<void(const OutArgs&)> hook;
     int64_t result = 0;
     {
@@ -66,7 +91,7 @@ int64_t FakePlayer::record(const char* op, std::vector<int64_t> args, std::vecto
     return result;
 }
 
-android::String8 FakePlayer::text(const char* op) const {
+android::String8 FakePlayer::text(Op op) const {
     std::lock_guard<std::mutex> guard(mLock);
     auto t = mTexts.find(op);
     return t == mTexts.end() ? android::String8() : android::String8(t->second.c_str());
@@ -112,14 +137,14 @@ void note(A& arg, std::vector<int64_t>& values, std::vector<void*>& outs) {
 }  // namespace
 
 template <typename A>
-void FakePlayer::writeText(A& arg, const char* op) const {
+void FakePlayer::writeText(A& arg, Op op) const {
     if constexpr (std::is_same_v<A, android::String8>) arg = text(op);
 }
 
 // Every operation: record, run the test's hook, write the test's text into a String8 it is
 // handed, answer the test's value (or text).
 template <typename R, typename... P, typename... A>
-R FakePlayer::answer(R (PlayerImpl::*)(P...), const char* op, std::tuple<A&...> args) {
+R FakePlayer::answer(R (PlayerImpl::*)(P...), Op op, std::tuple<A&...> args) {
     std::vector<int64_t> values;
     std::vector<void*> outs;
     std::apply([&](A&... a) { (note<P>(a, values, outs), ...); }, args);
@@ -132,14 +157,14 @@ R FakePlayer::answer(R (PlayerImpl::*)(P...), const char* op, std::tuple<A&...> 
     }
 }
 
-#define PIJ_PLAYER_OP(result, name, parameters, arguments)                        \
-    result FakePlayer::name parameters {                                          \
-        return answer(&PlayerImpl::name, #name, std::forward_as_tuple arguments); \
+#define PIJ_PLAYER_OP(result, name, parameters, arguments)                           \
+    result FakePlayer::name parameters {                                             \
+        return answer(&PlayerImpl::name, Op::name, std::forward_as_tuple arguments); \
     }
 #define PIJ_PLAYER_PLACEHOLDER(name) \
-    void FakePlayer::name() { record(#name, {}, {}); }
+    void FakePlayer::name() { record(Op::name, {}, {}); }
 #include "core/player_operations.def"
 #undef PIJ_PLAYER_OP
 #undef PIJ_PLAYER_PLACEHOLDER
 
-}  // namespace host
+}  // namespace th

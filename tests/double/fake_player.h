@@ -1,22 +1,39 @@
 // A programmable player proxy for tests: every operation is recorded with its arguments,
 // answers what the test set for it and lets a test fill the records and buffers it is
-// handed.
+// handed. Operations are named by th::Op, made from the proxy's own list of operations, so
+// a misspelt or removed operation fails to compile.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <vector>
 
 #include "playerimpl_host/host_player.h"
 
-namespace host {
+namespace th {
+
+// Every operation of the proxy, and disconnect(), which is recorded too.
+enum class Op {
+#define PIJ_PLAYER_OP(result, name, parameters, arguments) name,
+#define PIJ_PLAYER_PLACEHOLDER(name) name,
+#include "core/player_operations.def"
+#undef PIJ_PLAYER_OP
+#undef PIJ_PLAYER_PLACEHOLDER
+    disconnect,
+};
+
+const char* nameOf(Op op);
+// The operation of that name, for tests that derive it from a managed method's name.
+std::optional<Op> opNamed(const std::string& name);
 
 struct Call {
-    std::string op;
+    Op op;
     std::vector<int64_t> args;  // integers as passed; pointers and references as addresses
 };
 
@@ -29,20 +46,19 @@ struct OutArgs {
     }
 };
 
-class FakePlayer : public HostPlayer {
+class FakePlayer : public host::HostPlayer {
 public:
     FakePlayer();
     ~FakePlayer() override;
 
     // The value an operation returns (narrowed to its return type); 0 by default.
-    void setResult(const std::string& op, int64_t value);
+    void setResult(Op op, int64_t value);
     // The text a String8 operation writes or returns.
-    void setText(const std::string& op, const std::string& text);
+    void setText(Op op, const std::string& text);
     // Runs when the operation is called, with the pointers it received.
-    void onCall(const std::string& op, std::function<void(const OutArgs&)> hook);
-
+    void onCall(Op op, std::function<void(const OutArgs&)> hook);
     std::vector<Call> calls() const;
-    std::vector<Call> callsOf(const std::string& op) const;
+    std::vector<Call> callsOf(Op op) const;
     void clearCalls();
 
     // Calls the installed listener on service thread `thread`, and waits.
@@ -50,28 +66,26 @@ public:
 
     static int liveFakes() { return sLiveFakes.load(); }
 
-    // disconnect() is recorded (and runs its hook) as the operation "disconnect".
-    void onDisconnect() override;
-
 #define PIJ_PLAYER_OP(result, name, parameters, arguments) result name parameters override;
 #define PIJ_PLAYER_PLACEHOLDER(name) void name() override;
 #include "core/player_operations.def"
 #undef PIJ_PLAYER_OP
 #undef PIJ_PLAYER_PLACEHOLDER
+    void onDisconnect() override;
 
 private:
     template <typename R, typename... P, typename... A>
-    R answer(R (PlayerImpl::*op)(P...), const char* name, std::tuple<A&...> args);
+    R answer(R (PlayerImpl::*)(P...), Op op, std::tuple<A&...> args);
     template <typename A>
-    void writeText(A& arg, const char* op) const;
-    int64_t record(const char* op, std::vector<int64_t> args, std::vector<void*> outs);
-    android::String8 text(const char* op) const;
+    void writeText(A& arg, Op op) const;
+    int64_t record(Op op, std::vector<int64_t> args, std::vector<void*> outs);
+    android::String8 text(Op op) const;
 
     mutable std::mutex mLock;
     std::vector<Call> mCalls;
-    std::map<std::string, int64_t> mResults;
-    std::map<std::string, std::string> mTexts;
-    std::map<std::string, std::function<void(const OutArgs&)>> mHooks;
+    std::map<Op, int64_t> mResults;
+    std::map<Op, std::string> mTexts;
+    std::map<Op, std::function<void(const OutArgs&)>> mHooks;
     static std::atomic<int> sLiveFakes;
 };
 
@@ -80,4 +94,4 @@ void useFakePlayer();
 // The FakePlayer most recently handed out by connect() since useFakePlayer().
 android::sp<FakePlayer> lastFakePlayer();
 
-}  // namespace host
+}  // namespace th
