@@ -1,12 +1,13 @@
 // Remote keys: the managed side speaks the platform's key numbering, the player its own.
 // Each handler translates through its constant table (first matching row wins) and
 // forwards the player's code; a key that is not in the handler's table is dropped silently.
+#include "core/log.h"
+
 #include <cstddef>
 #include <cstdint>
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 
 namespace {
 
@@ -107,7 +108,9 @@ const KeyRow* findKey(const KeyRow (&table)[N], int32_t key) {
 
 }  // namespace
 
-PIJ_EXPORT jboolean PIJ_IMPL(processKey)(JNIEnv* env, jobject thiz, jint keyCode, jboolean flag) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_processKey(JNIEnv* env, jobject thiz,
+                                                                       jint keyCode,
+                                                                       jboolean flag) {
     ALOGD("processKey");
     return pij::withPlayer(env, thiz, pij::Site{__func__, 3131, pij::Exc::IllegalState},
                            jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {
@@ -119,7 +122,8 @@ PIJ_EXPORT jboolean PIJ_IMPL(processKey)(JNIEnv* env, jobject thiz, jint keyCode
                            });
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(sendMheg5Key)(JNIEnv* env, jobject thiz, jint keyCode) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5Key(JNIEnv* env, jobject thiz,
+                                                                         jint keyCode) {
     ALOGD("sendMheg5Key");
     return pij::withPlayer(
         env, thiz, pij::Site{__func__, 2133, pij::Exc::TvIpc}, jboolean{JNI_FALSE},

@@ -7,6 +7,8 @@
 // Conversions: bit0() keeps bit 0 of a proxy boolean; asBool() passes a managed boolean (or
 // int) as true exactly when it is non-zero; int16 and int64 arguments pass as received;
 // "& 0xFF" and the uint16_t/int16_t casts are the narrowing queries.
+#include "core/log.h"
+
 #include <utils/String8.h>
 
 #include <cstdint>
@@ -14,7 +16,6 @@
 #include "commands/conversions.h"
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 
 using android::String8;
 using pij::asBool;

@@ -11,9 +11,11 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/parcel.h"
+// clang-format off
+#include "core/parcel.h"  // the platform Parcel header, ahead of the other platform headers
 #include <utils/RefBase.h>
 #include <utils/String8.h>
+// clang-format on
 
 // Booleans answered by the proxy travel as one byte; the service does not promise 0 or 1
 // in it, so we read the byte as a number and keep bit 0 ourselves.

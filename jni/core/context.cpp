@@ -1,5 +1,7 @@
 // Life cycle of the managed player object: native_init, native_setup, native_finalize and
 // the exported suspend.
+#include "core/log.h"
+
 #include "core/context.h"
 
 #include <algorithm>
@@ -8,7 +10,6 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
 #include "surface/video_surface.h"
@@ -96,7 +97,8 @@ void finalized(const PlayerImpl* player) {
 
 using namespace pij;
 
-PIJ_EXPORT void PIJ_IMPL(native_init)(JNIEnv* env, jobject /*clazz*/) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_init(JNIEnv* env,
+                                                                    jobject /*clazz*/) {
     ALOGD("native_init");
     jclass clazz = env->FindClass("com/vireo/android/tvapi/impl/PlayerImpl");
     gPlayerFields.surfaceTexture = env->GetFieldID(clazz, "mNativeSurfaceTexture", "J");
@@ -108,7 +110,8 @@ PIJ_EXPORT void PIJ_IMPL(native_init)(JNIEnv* env, jobject /*clazz*/) {
     env->DeleteLocalRef(clazz);
 }
 
-PIJ_EXPORT void PIJ_IMPL(native_setup)(JNIEnv* env, jobject thiz, jobject weakThis) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env, jobject thiz,
+                                                                     jobject weakThis) {
     ALOGD("native_setup");
     // Out of order: without the fields native_init caches there is nowhere to keep a player.
     if (gPlayerFields.context == nullptr) {
@@ -128,7 +131,7 @@ PIJ_EXPORT void PIJ_IMPL(native_setup)(JNIEnv* env, jobject thiz, jobject weakTh
     setPlayer(env, thiz, player);  // the returned old proxy, if any, is dropped here
 }
 
-PIJ_EXPORT void PIJ_IMPL(native_finalize)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* env, jobject thiz) {
     ALOGD("native_finalize");
     releaseVideoSurface(env, thiz);
 

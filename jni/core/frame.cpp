@@ -1,3 +1,5 @@
+#include "core/log.h"
+
 #include "core/frame.h"
 
 #include <pthread.h>

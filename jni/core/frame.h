@@ -10,7 +10,6 @@
 #include <utility>
 
 #include "core/PlayerImpl.h"
-#include "core/log.h"
 
 namespace pij {
 

@@ -1,13 +1,11 @@
-// Logging and export conventions shared by every source file of the library.
+// The library's logging, included first by every source file of the library.
+//
+// Every line the library writes carries the tag "PlayerImpl_JNI". liblog's macros read
+// LOG_TAG where they are expanded and its header defines a null one if none is set, so every
+// source file of the library includes this header first, before any platform header (one
+// that comes earlier and sets LOG_TAG makes the definition below a redefinition, which the
+// build refuses).
 #pragma once
 
-#include <log/log.h>
-
-// A platform header included earlier may have set the default (null) tag; the ALOG macros
-// read LOG_TAG where they are used, so setting it here covers every line of the file.
-#undef LOG_TAG
 #define LOG_TAG "PlayerImpl_JNI"
-
-// Every handler of the native table, JNI_OnLoad, suspend and VndkGetSurface are visible to
-// the rest of the system under their unmangled names; everything else stays hidden.
-#define PIJ_EXPORT extern "C" __attribute__((visibility("default")))
+#include <log/log.h>

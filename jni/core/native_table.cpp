@@ -1,205 +1,330 @@
 // Library load: the 150-row native table of the managed player class and the Surface
 // field cache.
+#include "core/log.h"
+
 #include "core/native_table.h"
 
 #include "core/context.h"
 #include "core/handlers.h"
-#include "core/log.h"
 
 namespace pij {
 namespace {
 
 const char* const kPlayerClass = "com/vireo/android/tvapi/impl/PlayerImpl";
 
-#define ROW(name, sig, handler) {name, sig, reinterpret_cast<void*>(handler)}
-#define VO "Lcom/vireo/android/tvapi/"
+// One row of the table: managed name, signature, handler. Local to this table.
+#define PIJ_NATIVE(name, signature, handler) {name, signature, reinterpret_cast<void*>(handler)}
+#define PIJ_VO "Lcom/vireo/android/tvapi/"
 
-// Registration order is the managed side's contract; keep every row where it stands.
+// Registration order is the managed side's contract; keep every row where it stands. Each
+// row: managed name and signature, then the handler.
+// clang-format off
 JNINativeMethod gMethods[] = {
-    ROW("native_init", "()V", PIJ_IMPL(native_init)),                                   // 0
-    ROW("native_setup", "(Ljava/lang/Object;)V", PIJ_IMPL(native_setup)),              // 1
-    ROW("native_finalize", "()V", PIJ_IMPL(native_finalize)),                          // 2
-    ROW("_setVideoSurface", "(Landroid/view/Surface;I)V", PIJ_IMPL(setVideoSurface)),   // 3
-    ROW("_destoryVideoSurface", "(Landroid/view/Surface;)Z",
-        PIJ_IMPL(destoryVideoSurfaceTexture)),                                          // 4
-    ROW("startPcModeAtuoTune", "()Z", PIJ_IMPL(startPcModeAtuoTune)),                   // 5
-    ROW("closeTeletext", "()Z", PIJ_IMPL(closeTeletext)),                               // 6
-    ROW("stopCc", "()Z", PIJ_IMPL(stopCc)),                                             // 7
-    ROW("native_getAspectRatio", "()" VO "common/vo/VideoArcInfo;",
-        PIJ_IMPL(getAspectRatio)),                                                      // 8
-    ROW("getPhaseRange", "()I", PIJ_IMPL(getPhaseRange)),                               // 9
-    ROW("getVideoInfo", "()" VO "common/vo/VideoInfo;", PIJ_IMPL(getVideoInfo)),        // 10
-    ROW("native_getVideoStandard", "()I", PIJ_IMPL(native_getVideoStandard)),           // 11
-    ROW("native_getVideoStandardDetectionState", "()I",
-        PIJ_IMPL(native_getVideoStandardDetectionState)),                               // 12
-    ROW("doesCcExist", "()Z", PIJ_IMPL(doesCcExist)),                                   // 13
-    ROW("isHdmiMode", "()Z", PIJ_IMPL(isHdmiMode)),                                     // 14
-    ROW("isSignalStable", "()Z", PIJ_IMPL(isSignalStable)),                             // 15
-    ROW("hasTeletextSignal", "()Z", PIJ_IMPL(hasTeletextSignal)),                       // 16
-    ROW("hasTeletextClockSignal", "()Z", PIJ_IMPL(hasTeletextClockSignal)),             // 17
-    ROW("isTeletextDisplayed", "()Z", PIJ_IMPL(isTeletextDisplayed)),                   // 18
-    ROW("isTeletextSubtitleChannel", "()Z", PIJ_IMPL(isTeletextSubtitleChannel)),       // 19
-    ROW("native_openTeletext", "(I)Z", PIJ_IMPL(native_openTeletext)),                  // 20
-    ROW("native_sendTeletextCommand", "(I)Z", PIJ_IMPL(native_sendTeletextCommand)),    // 21
-    ROW("setTeletextLanguageGroup", "(I)Z", PIJ_IMPL(setTeletextLanguageGroup)),        // 22
-    ROW("native_openPAT", "(I)Z", PIJ_IMPL(native_openPAT)),                            // 23
-    ROW("setHPosition", "(I)Z", PIJ_IMPL(setHPosition)),                                // 24
-    ROW("setPhase", "(I)Z", PIJ_IMPL(setPhase)),                                        // 25
-    ROW("setSize", "(I)Z", PIJ_IMPL(setSize)),                                          // 26
-    ROW("setVPosition", "(I)Z", PIJ_IMPL(setVPosition)),                                // 27
-    ROW("startCc", "()Z", PIJ_IMPL(startCc)),                                           // 28
-    ROW("disableAft", "()Z", PIJ_IMPL(disableAft)),                                     // 29
-    ROW("enableAft", "()Z", PIJ_IMPL(enableAft)),                                       // 30
-    ROW("initAtvVif", "()V", PIJ_IMPL(initAtvVif)),                                     // 31
-    ROW("isAftEnabled", "()Z", PIJ_IMPL(isAftEnabled)),                                 // 32
-    ROW("saveAtvProgram", "(I)Z", PIJ_IMPL(saveAtvProgram)),                            // 33
-    ROW("getAudioInfo", "()" VO "dtv/vo/DtvAudioInfo;", PIJ_IMPL(getAudioInfo)),        // 34
-    ROW("getAudioInfo_ex", "()" VO "dtv/vo/DtvAudioInfo;", PIJ_IMPL(getAudioInfo_ex)),  // 35
-    ROW("native_getRfInfo", "(II)" VO "dtv/vo/RfInfo;", PIJ_IMPL(getRFInfo)),           // 36
-    ROW("playCurrentProgram", "()Z", PIJ_IMPL(playCurrentProgram)),                     // 37
-    ROW("setManualTuneByFreq", "(I)Z", PIJ_IMPL(setManualTuneByFreq)),                  // 38
-    ROW("setManualTuneByRf", "(S)Z", PIJ_IMPL(setManualTuneByRf)),                      // 39
-    ROW("changeManualScanRF", "(I)Z", PIJ_IMPL(changeManualScanRF)),                    // 40
-    ROW("switchAudioTrack", "(I)V", PIJ_IMPL(switchAudioTrack)),                        // 41
-    ROW("getCurrentMuxInfo", "()" VO "dtv/dvb/vo/DvbMuxInfo;",
-        PIJ_IMPL(getCurrentMuxInfo)),                                                   // 42
-    ROW("getDtvRouteCount", "()I", PIJ_IMPL(getDtvRouteCount)),                         // 43
-    ROW("getMuxInfoByProgramNumber", "(IS)" VO "dtv/dvb/vo/DvbMuxInfo;",
-        PIJ_IMPL(getMuxInfoByProgramNumber)),                                           // 44
-    ROW("setDtvRoute", "(S)V", PIJ_IMPL(setDtvRoute)),                                  // 45
-    ROW("setFavoriteRegion", "(I)V", PIJ_IMPL(setFavoriteRegion)),                      // 46
-    ROW("switchDtvRoute", "(S)Z", PIJ_IMPL(switchDtvRoute)),                            // 47
-    ROW("unlockChannel", "()Z", PIJ_IMPL(unlockChannel)),                               // 48
-    ROW("setMirror", "(Z)Z", PIJ_IMPL(setMirror)),                                      // 49
-    ROW("native_setParental", "(I)V", PIJ_IMPL(native_setParental)),                    // 50
-    ROW("getLanguageCode", "()Ljava/lang/String;", PIJ_IMPL(getLanguageCode)),          // 51
-    ROW("native_setCountry", "(I)Z", PIJ_IMPL(native_setCountry)),                      // 52
-    ROW("getCountryCode", "()Ljava/lang/String;", PIJ_IMPL(getCountryCode)),            // 53
-    ROW("enableAutoClock", "()V", PIJ_IMPL(enableAutoClock)),                           // 54
-    ROW("disableAutoClock", "()V", PIJ_IMPL(disableAutoClock)),                         // 55
-    ROW("setAudioMode", "(I)Z", PIJ_IMPL(setAudioMode)),                                // 56
-    ROW("native_setTimeZone", "(I)V", PIJ_IMPL(native_setTimeZone)),                    // 57
-    ROW("enableAutoScartOut", "()Z", PIJ_IMPL(enableAutoScartOut)),                     // 58
-    ROW("disableAutoScartOut", "()Z", PIJ_IMPL(disableAutoScartOut)),                   // 59
-    ROW("sendMheg5Command", "(S)Z", PIJ_IMPL(sendMheg5Command)),                        // 60
-    ROW("sendMheg5IcsCommand", "(IS)Z", PIJ_IMPL(sendMheg5IcsCommand)),                 // 61
-    ROW("isMheg5Running", "()Z", PIJ_IMPL(isMheg5Running)),                             // 62
-    ROW("getMheg5PfgContent", "()Ljava/lang/String;", PIJ_IMPL(getMheg5PfgContent)),    // 63
-    ROW("native_setChannelChangeFreezeMode", "(Z)V",
-        PIJ_IMPL(native_setChannelChangeFreezeMode)),                                   // 64
-    // Rows 65 and 70 both bind startAutoStandardDetection; the runtime accepts the repeat.
-    ROW("startAutoStandardDetection", "()V", PIJ_IMPL(startAutoStandardDetection)),     // 65
-    ROW("native_forceVideoStandard", "(I)V", PIJ_IMPL(native_forceVideoStandard)),      // 66
-    ROW("native_detectInputSource", "(I)Z", PIJ_IMPL(native_detectInputSource)),        // 67
-    ROW("setHdmiGpio", "([I)Z", PIJ_IMPL(setHdmiGpio)),                                 // 68
-    ROW("initOfflineDetection", "()V", PIJ_IMPL(initOfflineDetection)),                 // 69
-    ROW("startAutoStandardDetection", "()V", PIJ_IMPL(startAutoStandardDetection)),     // 70
-    ROW("setDebugMode", "(Z)V", PIJ_IMPL(setDebugMode)),                                // 71
-    ROW("getCurrentSignalInformation", "()" VO "common/vo/DtvProgramSignalInfo;",
-        PIJ_IMPL(getCurrentSignalInformation)),                                         // 72
-    ROW("native_getNitFrequencyByDtvRegion", "(I)[I",
-        PIJ_IMPL(native_getNitFrequencyByDtvRegion)),                                   // 73
-    ROW("native_getChinaDvbcRegion", "()I", PIJ_IMPL(native_getChinaDvbcRegion)),       // 74
-    ROW("native_setChinaDvbcRegion", "(I)V", PIJ_IMPL(native_setChinaDvbcRegion)),      // 75
-    ROW("autostartApplication", "()Z", PIJ_IMPL(autostartApplication)),                 // 76
-    ROW("startApplication", "(JJ)Z", PIJ_IMPL(startApplication)),                       // 77
-    ROW("stopApplication", "()Z", PIJ_IMPL(stopApplication)),                           // 78
-    ROW("enableGinga", "()Z", PIJ_IMPL(enableGinga)),                                   // 79
-    ROW("disableGigna", "()Z", PIJ_IMPL(disableGigna)),                                 // 80
-    ROW("isGingaEnabled", "()Z", PIJ_IMPL(isGingaEnabled)),                             // 81
-    ROW("isGingaRunning", "()Z", PIJ_IMPL(isGingaRunning)),                             // 82
-    ROW("processKey", "(IZ)Z", PIJ_IMPL(processKey)),                                   // 83
-    ROW("setVChipGuideline", "(SSSS)Z", PIJ_IMPL(setVChipGuideline)),                   // 84
-    ROW("getCurrentVChipBlockStatus", "()Z", PIJ_IMPL(getCurrentVChipBlockStatus)),     // 85
-    ROW("enterPassToUnlockUnratedByUser", "(Z)Z",
-        PIJ_IMPL(enterPassToUnlockUnratedByUser)),                                      // 86
-    ROW("enterPassToUnlockByUser", "(Z)Z", PIJ_IMPL(enterPassToUnlockByUser)),          // 87
-    ROW("getCurrentRatingInformation", "()Ljava/lang/String;",
-        PIJ_IMPL(getCurrentRatingInformation)),                                         // 88
-    ROW("native_setAudioMute", "(II)Z", PIJ_IMPL(native_setAudioMute)),                 // 89
-    ROW("native_atsc_setAntennaType", "(I)Z", PIJ_IMPL(native_atsc_setAntennaType)),    // 90
-    ROW("native_getDTVDemodVersion", "(I)" VO "dtv/vo/DtvDemodVersion;",
-        PIJ_IMPL(getDTVDemodVersion)),                                                  // 91
-    ROW("setCcMode", "(I)V", PIJ_IMPL(setCcMode)),                                      // 92
-    ROW("getCcMode", "()I", PIJ_IMPL(getCcMode)),                                       // 93
-    ROW("getAirChannelType", "()I", PIJ_IMPL(getAirChannelType)),                       // 94
-    ROW("getAntennaType", "()I", PIJ_IMPL(getAntennaType)),                             // 95
-    ROW("getDemodDVBTInfo", "()" VO "dtv/dvb/dvbt/DtvDemodDvbtInfo;",
-        PIJ_IMPL(getDemodDVBTInfo)),                                                    // 96
-    ROW("getDemodDVBCInfo", "()" VO "dtv/dvb/dvbc/DtvDemodDvbcInfo;",
-        PIJ_IMPL(getDemodDVBCInfo)),                                                    // 97
-    ROW("_getCurrentEventStatus", "(I)I", PIJ_IMPL(getCurrentEventStatus)),             // 98
-    ROW("_setCurrentEventStatus", "(II)V", PIJ_IMPL(setCurrentEventStatus)),            // 99
-    ROW("setAutoSync", "(Z)Z", PIJ_IMPL(setAutoSync)),                                  // 100
-    ROW("getLogoData", "()[I", PIJ_IMPL(getLogoData)),                                  // 101
-    ROW("getChannelLogoARGB", "()[I", PIJ_IMPL(getChannelLogoARGB)),                    // 102
-    ROW("getTSUpdateInfo", "(I)" VO "dtv/atsc/vo/AtscScanChannelNotify;",
-        PIJ_IMPL(getTSUpdateInfo)),                                                     // 103
-    ROW("setEasProgressDone", "()V", PIJ_IMPL(setEasProgressDone)),                     // 104
-    ROW("setEasAudioDesired", "(Z)V", PIJ_IMPL(setEasAudioDesired)),                    // 105
-    ROW("getEasProgressSatus", "()Z", PIJ_IMPL(getEasProgressSatus)),                   // 106
-    ROW("getEASInProgress", "()" VO "dtv/vo/MwAtscEasInfo;", PIJ_IMPL(getEASInProgress)),  // 107
-    ROW("createPreviewCCWin", "()Z", PIJ_IMPL(createPreviewCCWin)),                     // 108
-    ROW("exitPreviewCCWin", "()Z", PIJ_IMPL(exitPreviewCCWin)),                         // 109
-    ROW("drawPreviewCCWin", "(" VO "common/vo/CaptionOptionSetting;)Z",
-        PIJ_IMPL(drawPreviewCCWin)),                                                    // 110
-    ROW("native_getRRTInformation", "(Landroid/os/Parcel;)V",
-        PIJ_IMPL(native_getRRTInformation)),                                            // 111
-    // The handler is written with two ints more; "()Z" stays, they are never read.
-    ROW("resetRrtInformation", "()Z", PIJ_COMMON(resetRrtInformation)),                 // 112
-    ROW("sendMheg5Key", "(I)Z", PIJ_IMPL(sendMheg5Key)),                                // 113
-    ROW("native_getVChipRatingInfo", "(Landroid/os/Parcel;Landroid/os/Parcel;)Z",
-        PIJ_IMPL(native_getVChipRatingInfo)),                                           // 114
-    ROW("getCurrentSatelliteCount", "()I", PIJ_IMPL(getCurrentSatelliteCount)),         // 115
-    ROW("getSatelliteInfo", "(I)" VO "dtv/dvb/dvbs/vo/SatelliteInfo;",
-        PIJ_IMPL(getSatelliteInfo)),                                                    // 116
-    ROW("getCurrentSatelliteNumber", "()I", PIJ_IMPL(getCurrentSatelliteNumber)),       // 117
-    ROW("setCurrentSatelliteNumber", "(I)Z", PIJ_IMPL(setCurrentSatelliteNumber)),      // 118
-    ROW("getTransponderCount", "(I)I", PIJ_IMPL(getTransponderCount)),                  // 119
-    ROW("getCurrentTransponderNumber", "()I", PIJ_IMPL(getCurrentTransponderNumber)),   // 120
-    ROW("setCurrentTransponderNumber", "(I)Z", PIJ_IMPL(setCurrentTransponderNumber)),  // 121
-    ROW("getTransponderInfo", "(II)" VO "dtv/dvb/dvbs/vo/DvbsTransponderInfo;",
-        PIJ_IMPL(getTransponderInfo)),                                                  // 122
-    ROW("updateSatelliteInfo", "(I" VO "dtv/dvb/dvbs/vo/SatelliteInfo;)Z",
-        PIJ_IMPL(updateSatelliteInfo)),                                                 // 123
-    ROW("updateTransponderInfo", "(II" VO "dtv/dvb/dvbs/vo/DvbsTransponderInfo;)Z",
-        PIJ_IMPL(updateTransponderInfo)),                                               // 124
-    ROW("addSatelliteInfo", "(" VO "dtv/dvb/dvbs/vo/SatelliteInfo;)Z",
-        PIJ_IMPL(addSatelliteInfo)),                                                    // 125
-    ROW("addTransponderInfo", "(I" VO "dtv/dvb/dvbs/vo/DvbsTransponderInfo;)Z",
-        PIJ_IMPL(addTransponderInfo)),                                                  // 126
-    ROW("deleteSatelliteInfo", "(I)Z", PIJ_IMPL(deleteSatelliteInfo)),                  // 127
-    ROW("deleteTransponderInfo", "(II)Z", PIJ_IMPL(deleteTransponderInfo)),             // 128
-    ROW("verifySlotFrequency", "()Z", PIJ_IMPL(verifySlotFrequency)),                   // 129
-    ROW("setDishLNBPowerMode", "(I)Z", PIJ_IMPL(setDishLNBPowerMode)),                  // 130
-    ROW("setDish22KMode", "(I)Z", PIJ_IMPL(setDish22KMode)),                            // 131
-    ROW("setDishToneburstMode", "(I)Z", PIJ_IMPL(setDishToneburstMode)),                // 132
-    ROW("setDiSEqCSwitchPort", "(II)Z", PIJ_IMPL(setDiSEqCSwitchPort)),                 // 133
-    ROW("sendDiSEqCMotorCommand", "(I)Z", PIJ_IMPL(sendDiSEqCMotorCommand)),            // 134
-    ROW("setUserLocationCode", "(I)V", PIJ_IMPL(setUserLocationCode)),                  // 135
-    ROW("getUserLocationCode", "()I", PIJ_IMPL(getUserLocationCode)),                   // 136
-    ROW("getEWSInfo", "(Landroid/os/Parcel;Landroid/os/Parcel;)Z", PIJ_IMPL(getEWSInfo)),  // 137
-    ROW("getEWBSInfo", "(I)" VO "dtv/dvb/isdb/vo/EwbsInfo;", PIJ_IMPL(getEWBSInfo)),    // 138
-    ROW("setEWBSOpInfo", "(II)I", PIJ_IMPL(setEWBSOpInfo)),                             // 139
-    ROW("getEWBSOpInfo", "(I)" VO "dtv/dvb/isdb/vo/EwbsOpInfo;", PIJ_IMPL(getEWBSOpInfo)),  // 140
-    ROW("setProgramSortByType", "(I)Z", PIJ_IMPL(setProgramSortByType)),                // 141
-    ROW("getUserLocationCount", "()I", PIJ_IMPL(getUserLocationCount)),                 // 142
-    ROW("getUserLocationInfo", "(I)" VO "dtv/dvb/dvbs/vo/LocationInfo;",
-        PIJ_IMPL(getUserLocationInfo)),                                                 // 143
-    ROW("changeSetting", "(I)V", PIJ_IMPL(changeSetting)),                              // 144
-    ROW("getHdmiEdidVersionBySource", "(I)I", PIJ_COMMON(getHdmiEdidVersionBySource)),  // 145
-    ROW("setHdmiEdidVersionBySource", "(II)Z",
-        PIJ_COMMON(setHdmiEdidVersionBySource)),                                        // 146
-    ROW("getAllBISSProgramInfo", "(Landroid/os/Parcel;)V",
-        PIJ_COMMON(getAllBISSProgramInfo)),                                             // 147
-    ROW("setProgramBISSKeyByNumber", "(IILjava/lang/String;I)Z",
-        PIJ_COMMON(setProgramBISSKeyByNumber)),                                         // 148
-    ROW("clearProgramBISSKeyByNumber", "(II)V",
-        PIJ_COMMON(clearProgramBISSKeyByNumber)),                                       // 149
+    PIJ_NATIVE("native_init", "()V",  // 0
+               com_vireo_android_tvapi_impl_PlayerImpl_native_init),
+    PIJ_NATIVE("native_setup", "(Ljava/lang/Object;)V",  // 1
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setup),
+    PIJ_NATIVE("native_finalize", "()V",  // 2
+               com_vireo_android_tvapi_impl_PlayerImpl_native_finalize),
+    PIJ_NATIVE("_setVideoSurface", "(Landroid/view/Surface;I)V",  // 3
+               com_vireo_android_tvapi_impl_PlayerImpl_setVideoSurface),
+    PIJ_NATIVE("_destoryVideoSurface", "(Landroid/view/Surface;)Z",  // 4
+               com_vireo_android_tvapi_impl_PlayerImpl_destoryVideoSurfaceTexture),
+    PIJ_NATIVE("startPcModeAtuoTune", "()Z",  // 5
+               com_vireo_android_tvapi_impl_PlayerImpl_startPcModeAtuoTune),
+    PIJ_NATIVE("closeTeletext", "()Z",  // 6
+               com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext),
+    PIJ_NATIVE("stopCc", "()Z",  // 7
+               com_vireo_android_tvapi_impl_PlayerImpl_stopCc),
+    PIJ_NATIVE("native_getAspectRatio", "()" PIJ_VO "common/vo/VideoArcInfo;",  // 8
+               com_vireo_android_tvapi_impl_PlayerImpl_getAspectRatio),
+    PIJ_NATIVE("getPhaseRange", "()I",  // 9
+               com_vireo_android_tvapi_impl_PlayerImpl_getPhaseRange),
+    PIJ_NATIVE("getVideoInfo", "()" PIJ_VO "common/vo/VideoInfo;",  // 10
+               com_vireo_android_tvapi_impl_PlayerImpl_getVideoInfo),
+    PIJ_NATIVE("native_getVideoStandard", "()I",  // 11
+               com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandard),
+    PIJ_NATIVE("native_getVideoStandardDetectionState", "()I",  // 12
+               com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandardDetectionState),
+    PIJ_NATIVE("doesCcExist", "()Z",  // 13
+               com_vireo_android_tvapi_impl_PlayerImpl_doesCcExist),
+    PIJ_NATIVE("isHdmiMode", "()Z",  // 14
+               com_vireo_android_tvapi_impl_PlayerImpl_isHdmiMode),
+    PIJ_NATIVE("isSignalStable", "()Z",  // 15
+               com_vireo_android_tvapi_impl_PlayerImpl_isSignalStable),
+    PIJ_NATIVE("hasTeletextSignal", "()Z",  // 16
+               com_vireo_android_tvapi_impl_PlayerImpl_hasTeletextSignal),
+    PIJ_NATIVE("hasTeletextClockSignal", "()Z",  // 17
+               com_vireo_android_tvapi_impl_PlayerImpl_hasTeletextClockSignal),
+    PIJ_NATIVE("isTeletextDisplayed", "()Z",  // 18
+               com_vireo_android_tvapi_impl_PlayerImpl_isTeletextDisplayed),
+    PIJ_NATIVE("isTeletextSubtitleChannel", "()Z",  // 19
+               com_vireo_android_tvapi_impl_PlayerImpl_isTeletextSubtitleChannel),
+    PIJ_NATIVE("native_openTeletext", "(I)Z",  // 20
+               com_vireo_android_tvapi_impl_PlayerImpl_native_openTeletext),
+    PIJ_NATIVE("native_sendTeletextCommand", "(I)Z",  // 21
+               com_vireo_android_tvapi_impl_PlayerImpl_native_sendTeletextCommand),
+    PIJ_NATIVE("setTeletextLanguageGroup", "(I)Z",  // 22
+               com_vireo_android_tvapi_impl_PlayerImpl_setTeletextLanguageGroup),
+    PIJ_NATIVE("native_openPAT", "(I)Z",  // 23
+               com_vireo_android_tvapi_impl_PlayerImpl_native_openPAT),
+    PIJ_NATIVE("setHPosition", "(I)Z",  // 24
+               com_vireo_android_tvapi_impl_PlayerImpl_setHPosition),
+    PIJ_NATIVE("setPhase", "(I)Z",  // 25
+               com_vireo_android_tvapi_impl_PlayerImpl_setPhase),
+    PIJ_NATIVE("setSize", "(I)Z",  // 26
+               com_vireo_android_tvapi_impl_PlayerImpl_setSize),
+    PIJ_NATIVE("setVPosition", "(I)Z",  // 27
+               com_vireo_android_tvapi_impl_PlayerImpl_setVPosition),
+    PIJ_NATIVE("startCc", "()Z",  // 28
+               com_vireo_android_tvapi_impl_PlayerImpl_startCc),
+    PIJ_NATIVE("disableAft", "()Z",  // 29
+               com_vireo_android_tvapi_impl_PlayerImpl_disableAft),
+    PIJ_NATIVE("enableAft", "()Z",  // 30
+               com_vireo_android_tvapi_impl_PlayerImpl_enableAft),
+    PIJ_NATIVE("initAtvVif", "()V",  // 31
+               com_vireo_android_tvapi_impl_PlayerImpl_initAtvVif),
+    PIJ_NATIVE("isAftEnabled", "()Z",  // 32
+               com_vireo_android_tvapi_impl_PlayerImpl_isAftEnabled),
+    PIJ_NATIVE("saveAtvProgram", "(I)Z",  // 33
+               com_vireo_android_tvapi_impl_PlayerImpl_saveAtvProgram),
+    PIJ_NATIVE("getAudioInfo", "()" PIJ_VO "dtv/vo/DtvAudioInfo;",  // 34
+               com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo),
+    PIJ_NATIVE("getAudioInfo_ex", "()" PIJ_VO "dtv/vo/DtvAudioInfo;",  // 35
+               com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo_ex),
+    PIJ_NATIVE("native_getRfInfo", "(II)" PIJ_VO "dtv/vo/RfInfo;",  // 36
+               com_vireo_android_tvapi_impl_PlayerImpl_getRFInfo),
+    PIJ_NATIVE("playCurrentProgram", "()Z",  // 37
+               com_vireo_android_tvapi_impl_PlayerImpl_playCurrentProgram),
+    PIJ_NATIVE("setManualTuneByFreq", "(I)Z",  // 38
+               com_vireo_android_tvapi_impl_PlayerImpl_setManualTuneByFreq),
+    PIJ_NATIVE("setManualTuneByRf", "(S)Z",  // 39
+               com_vireo_android_tvapi_impl_PlayerImpl_setManualTuneByRf),
+    PIJ_NATIVE("changeManualScanRF", "(I)Z",  // 40
+               com_vireo_android_tvapi_impl_PlayerImpl_changeManualScanRF),
+    PIJ_NATIVE("switchAudioTrack", "(I)V",  // 41
+               com_vireo_android_tvapi_impl_PlayerImpl_switchAudioTrack),
+    PIJ_NATIVE("getCurrentMuxInfo", "()" PIJ_VO "dtv/dvb/vo/DvbMuxInfo;",  // 42
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentMuxInfo),
+    PIJ_NATIVE("getDtvRouteCount", "()I",  // 43
+               com_vireo_android_tvapi_impl_PlayerImpl_getDtvRouteCount),
+    PIJ_NATIVE("getMuxInfoByProgramNumber", "(IS)" PIJ_VO "dtv/dvb/vo/DvbMuxInfo;",  // 44
+               com_vireo_android_tvapi_impl_PlayerImpl_getMuxInfoByProgramNumber),
+    PIJ_NATIVE("setDtvRoute", "(S)V",  // 45
+               com_vireo_android_tvapi_impl_PlayerImpl_setDtvRoute),
+    PIJ_NATIVE("setFavoriteRegion", "(I)V",  // 46
+               com_vireo_android_tvapi_impl_PlayerImpl_setFavoriteRegion),
+    PIJ_NATIVE("switchDtvRoute", "(S)Z",  // 47
+               com_vireo_android_tvapi_impl_PlayerImpl_switchDtvRoute),
+    PIJ_NATIVE("unlockChannel", "()Z",  // 48
+               com_vireo_android_tvapi_impl_PlayerImpl_unlockChannel),
+    PIJ_NATIVE("setMirror", "(Z)Z",  // 49
+               com_vireo_android_tvapi_impl_PlayerImpl_setMirror),
+    PIJ_NATIVE("native_setParental", "(I)V",  // 50
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setParental),
+    PIJ_NATIVE("getLanguageCode", "()Ljava/lang/String;",  // 51
+               com_vireo_android_tvapi_impl_PlayerImpl_getLanguageCode),
+    PIJ_NATIVE("native_setCountry", "(I)Z",  // 52
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setCountry),
+    PIJ_NATIVE("getCountryCode", "()Ljava/lang/String;",  // 53
+               com_vireo_android_tvapi_impl_PlayerImpl_getCountryCode),
+    PIJ_NATIVE("enableAutoClock", "()V",  // 54
+               com_vireo_android_tvapi_impl_PlayerImpl_enableAutoClock),
+    PIJ_NATIVE("disableAutoClock", "()V",  // 55
+               com_vireo_android_tvapi_impl_PlayerImpl_disableAutoClock),
+    PIJ_NATIVE("setAudioMode", "(I)Z",  // 56
+               com_vireo_android_tvapi_impl_PlayerImpl_setAudioMode),
+    PIJ_NATIVE("native_setTimeZone", "(I)V",  // 57
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setTimeZone),
+    PIJ_NATIVE("enableAutoScartOut", "()Z",  // 58
+               com_vireo_android_tvapi_impl_PlayerImpl_enableAutoScartOut),
+    PIJ_NATIVE("disableAutoScartOut", "()Z",  // 59
+               com_vireo_android_tvapi_impl_PlayerImpl_disableAutoScartOut),
+    PIJ_NATIVE("sendMheg5Command", "(S)Z",  // 60
+               com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5Command),
+    PIJ_NATIVE("sendMheg5IcsCommand", "(IS)Z",  // 61
+               com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5IcsCommand),
+    PIJ_NATIVE("isMheg5Running", "()Z",  // 62
+               com_vireo_android_tvapi_impl_PlayerImpl_isMheg5Running),
+    PIJ_NATIVE("getMheg5PfgContent", "()Ljava/lang/String;",  // 63
+               com_vireo_android_tvapi_impl_PlayerImpl_getMheg5PfgContent),
+    PIJ_NATIVE("native_setChannelChangeFreezeMode", "(Z)V",  // 64
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setChannelChangeFreezeMode),
+    PIJ_NATIVE("startAutoStandardDetection", "()V",  // 65
+               com_vireo_android_tvapi_impl_PlayerImpl_startAutoStandardDetection),
+    PIJ_NATIVE("native_forceVideoStandard", "(I)V",  // 66
+               com_vireo_android_tvapi_impl_PlayerImpl_native_forceVideoStandard),
+    PIJ_NATIVE("native_detectInputSource", "(I)Z",  // 67
+               com_vireo_android_tvapi_impl_PlayerImpl_native_detectInputSource),
+    PIJ_NATIVE("setHdmiGpio", "([I)Z",  // 68
+               com_vireo_android_tvapi_impl_PlayerImpl_setHdmiGpio),
+    PIJ_NATIVE("initOfflineDetection", "()V",  // 69
+               com_vireo_android_tvapi_impl_PlayerImpl_initOfflineDetection),
+    PIJ_NATIVE("startAutoStandardDetection", "()V",  // 70
+               com_vireo_android_tvapi_impl_PlayerImpl_startAutoStandardDetection),
+    PIJ_NATIVE("setDebugMode", "(Z)V",  // 71
+               com_vireo_android_tvapi_impl_PlayerImpl_setDebugMode),
+    PIJ_NATIVE("getCurrentSignalInformation", "()" PIJ_VO "common/vo/DtvProgramSignalInfo;",  // 72
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSignalInformation),
+    PIJ_NATIVE("native_getNitFrequencyByDtvRegion", "(I)[I",  // 73
+               com_vireo_android_tvapi_impl_PlayerImpl_native_getNitFrequencyByDtvRegion),
+    PIJ_NATIVE("native_getChinaDvbcRegion", "()I",  // 74
+               com_vireo_android_tvapi_impl_PlayerImpl_native_getChinaDvbcRegion),
+    PIJ_NATIVE("native_setChinaDvbcRegion", "(I)V",  // 75
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setChinaDvbcRegion),
+    PIJ_NATIVE("autostartApplication", "()Z",  // 76
+               com_vireo_android_tvapi_impl_PlayerImpl_autostartApplication),
+    PIJ_NATIVE("startApplication", "(JJ)Z",  // 77
+               com_vireo_android_tvapi_impl_PlayerImpl_startApplication),
+    PIJ_NATIVE("stopApplication", "()Z",  // 78
+               com_vireo_android_tvapi_impl_PlayerImpl_stopApplication),
+    PIJ_NATIVE("enableGinga", "()Z",  // 79
+               com_vireo_android_tvapi_impl_PlayerImpl_enableGinga),
+    PIJ_NATIVE("disableGigna", "()Z",  // 80
+               com_vireo_android_tvapi_impl_PlayerImpl_disableGigna),
+    PIJ_NATIVE("isGingaEnabled", "()Z",  // 81
+               com_vireo_android_tvapi_impl_PlayerImpl_isGingaEnabled),
+    PIJ_NATIVE("isGingaRunning", "()Z",  // 82
+               com_vireo_android_tvapi_impl_PlayerImpl_isGingaRunning),
+    PIJ_NATIVE("processKey", "(IZ)Z",  // 83
+               com_vireo_android_tvapi_impl_PlayerImpl_processKey),
+    PIJ_NATIVE("setVChipGuideline", "(SSSS)Z",  // 84
+               com_vireo_android_tvapi_impl_PlayerImpl_setVChipGuideline),
+    PIJ_NATIVE("getCurrentVChipBlockStatus", "()Z",  // 85
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentVChipBlockStatus),
+    PIJ_NATIVE("enterPassToUnlockUnratedByUser", "(Z)Z",  // 86
+               com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockUnratedByUser),
+    PIJ_NATIVE("enterPassToUnlockByUser", "(Z)Z",  // 87
+               com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockByUser),
+    PIJ_NATIVE("getCurrentRatingInformation", "()Ljava/lang/String;",  // 88
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentRatingInformation),
+    PIJ_NATIVE("native_setAudioMute", "(II)Z",  // 89
+               com_vireo_android_tvapi_impl_PlayerImpl_native_setAudioMute),
+    PIJ_NATIVE("native_atsc_setAntennaType", "(I)Z",  // 90
+               com_vireo_android_tvapi_impl_PlayerImpl_native_atsc_setAntennaType),
+    PIJ_NATIVE("native_getDTVDemodVersion", "(I)" PIJ_VO "dtv/vo/DtvDemodVersion;",  // 91
+               com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion),
+    PIJ_NATIVE("setCcMode", "(I)V",  // 92
+               com_vireo_android_tvapi_impl_PlayerImpl_setCcMode),
+    PIJ_NATIVE("getCcMode", "()I",  // 93
+               com_vireo_android_tvapi_impl_PlayerImpl_getCcMode),
+    PIJ_NATIVE("getAirChannelType", "()I",  // 94
+               com_vireo_android_tvapi_impl_PlayerImpl_getAirChannelType),
+    PIJ_NATIVE("getAntennaType", "()I",  // 95
+               com_vireo_android_tvapi_impl_PlayerImpl_getAntennaType),
+    PIJ_NATIVE("getDemodDVBTInfo", "()" PIJ_VO "dtv/dvb/dvbt/DtvDemodDvbtInfo;",  // 96
+               com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBTInfo),
+    PIJ_NATIVE("getDemodDVBCInfo", "()" PIJ_VO "dtv/dvb/dvbc/DtvDemodDvbcInfo;",  // 97
+               com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBCInfo),
+    PIJ_NATIVE("_getCurrentEventStatus", "(I)I",  // 98
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentEventStatus),
+    PIJ_NATIVE("_setCurrentEventStatus", "(II)V",  // 99
+               com_vireo_android_tvapi_impl_PlayerImpl_setCurrentEventStatus),
+    PIJ_NATIVE("setAutoSync", "(Z)Z",  // 100
+               com_vireo_android_tvapi_impl_PlayerImpl_setAutoSync),
+    PIJ_NATIVE("getLogoData", "()[I",  // 101
+               com_vireo_android_tvapi_impl_PlayerImpl_getLogoData),
+    PIJ_NATIVE("getChannelLogoARGB", "()[I",  // 102
+               com_vireo_android_tvapi_impl_PlayerImpl_getChannelLogoARGB),
+    PIJ_NATIVE("getTSUpdateInfo", "(I)" PIJ_VO "dtv/atsc/vo/AtscScanChannelNotify;",  // 103
+               com_vireo_android_tvapi_impl_PlayerImpl_getTSUpdateInfo),
+    PIJ_NATIVE("setEasProgressDone", "()V",  // 104
+               com_vireo_android_tvapi_impl_PlayerImpl_setEasProgressDone),
+    PIJ_NATIVE("setEasAudioDesired", "(Z)V",  // 105
+               com_vireo_android_tvapi_impl_PlayerImpl_setEasAudioDesired),
+    PIJ_NATIVE("getEasProgressSatus", "()Z",  // 106
+               com_vireo_android_tvapi_impl_PlayerImpl_getEasProgressSatus),
+    PIJ_NATIVE("getEASInProgress", "()" PIJ_VO "dtv/vo/MwAtscEasInfo;",  // 107
+               com_vireo_android_tvapi_impl_PlayerImpl_getEASInProgress),
+    PIJ_NATIVE("createPreviewCCWin", "()Z",  // 108
+               com_vireo_android_tvapi_impl_PlayerImpl_createPreviewCCWin),
+    PIJ_NATIVE("exitPreviewCCWin", "()Z",  // 109
+               com_vireo_android_tvapi_impl_PlayerImpl_exitPreviewCCWin),
+    PIJ_NATIVE("drawPreviewCCWin", "(" PIJ_VO "common/vo/CaptionOptionSetting;)Z",  // 110
+               com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin),
+    PIJ_NATIVE("native_getRRTInformation", "(Landroid/os/Parcel;)V",  // 111
+               com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation),
+    PIJ_NATIVE("resetRrtInformation", "()Z",  // 112
+               com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation),
+    PIJ_NATIVE("sendMheg5Key", "(I)Z",  // 113
+               com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5Key),
+    PIJ_NATIVE("native_getVChipRatingInfo", "(Landroid/os/Parcel;Landroid/os/Parcel;)Z",  // 114
+               com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo),
+    PIJ_NATIVE("getCurrentSatelliteCount", "()I",  // 115
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSatelliteCount),
+    PIJ_NATIVE("getSatelliteInfo", "(I)" PIJ_VO "dtv/dvb/dvbs/vo/SatelliteInfo;",  // 116
+               com_vireo_android_tvapi_impl_PlayerImpl_getSatelliteInfo),
+    PIJ_NATIVE("getCurrentSatelliteNumber", "()I",  // 117
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSatelliteNumber),
+    PIJ_NATIVE("setCurrentSatelliteNumber", "(I)Z",  // 118
+               com_vireo_android_tvapi_impl_PlayerImpl_setCurrentSatelliteNumber),
+    PIJ_NATIVE("getTransponderCount", "(I)I",  // 119
+               com_vireo_android_tvapi_impl_PlayerImpl_getTransponderCount),
+    PIJ_NATIVE("getCurrentTransponderNumber", "()I",  // 120
+               com_vireo_android_tvapi_impl_PlayerImpl_getCurrentTransponderNumber),
+    PIJ_NATIVE("setCurrentTransponderNumber", "(I)Z",  // 121
+               com_vireo_android_tvapi_impl_PlayerImpl_setCurrentTransponderNumber),
+    PIJ_NATIVE("getTransponderInfo", "(II)" PIJ_VO "dtv/dvb/dvbs/vo/DvbsTransponderInfo;",  // 122
+               com_vireo_android_tvapi_impl_PlayerImpl_getTransponderInfo),
+    PIJ_NATIVE("updateSatelliteInfo", "(I" PIJ_VO "dtv/dvb/dvbs/vo/SatelliteInfo;)Z",  // 123
+               com_vireo_android_tvapi_impl_PlayerImpl_updateSatelliteInfo),
+    PIJ_NATIVE("updateTransponderInfo", "(II" PIJ_VO "dtv/dvb/dvbs/vo/DvbsTransponderInfo;)Z",  // 124
+               com_vireo_android_tvapi_impl_PlayerImpl_updateTransponderInfo),
+    PIJ_NATIVE("addSatelliteInfo", "(" PIJ_VO "dtv/dvb/dvbs/vo/SatelliteInfo;)Z",  // 125
+               com_vireo_android_tvapi_impl_PlayerImpl_addSatelliteInfo),
+    PIJ_NATIVE("addTransponderInfo", "(I" PIJ_VO "dtv/dvb/dvbs/vo/DvbsTransponderInfo;)Z",  // 126
+               com_vireo_android_tvapi_impl_PlayerImpl_addTransponderInfo),
+    PIJ_NATIVE("deleteSatelliteInfo", "(I)Z",  // 127
+               com_vireo_android_tvapi_impl_PlayerImpl_deleteSatelliteInfo),
+    PIJ_NATIVE("deleteTransponderInfo", "(II)Z",  // 128
+               com_vireo_android_tvapi_impl_PlayerImpl_deleteTransponderInfo),
+    PIJ_NATIVE("verifySlotFrequency", "()Z",  // 129
+               com_vireo_android_tvapi_impl_PlayerImpl_verifySlotFrequency),
+    PIJ_NATIVE("setDishLNBPowerMode", "(I)Z",  // 130
+               com_vireo_android_tvapi_impl_PlayerImpl_setDishLNBPowerMode),
+    PIJ_NATIVE("setDish22KMode", "(I)Z",  // 131
+               com_vireo_android_tvapi_impl_PlayerImpl_setDish22KMode),
+    PIJ_NATIVE("setDishToneburstMode", "(I)Z",  // 132
+               com_vireo_android_tvapi_impl_PlayerImpl_setDishToneburstMode),
+    PIJ_NATIVE("setDiSEqCSwitchPort", "(II)Z",  // 133
+               com_vireo_android_tvapi_impl_PlayerImpl_setDiSEqCSwitchPort),
+    PIJ_NATIVE("sendDiSEqCMotorCommand", "(I)Z",  // 134
+               com_vireo_android_tvapi_impl_PlayerImpl_sendDiSEqCMotorCommand),
+    PIJ_NATIVE("setUserLocationCode", "(I)V",  // 135
+               com_vireo_android_tvapi_impl_PlayerImpl_setUserLocationCode),
+    PIJ_NATIVE("getUserLocationCode", "()I",  // 136
+               com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCode),
+    PIJ_NATIVE("getEWSInfo", "(Landroid/os/Parcel;Landroid/os/Parcel;)Z",  // 137
+               com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo),
+    PIJ_NATIVE("getEWBSInfo", "(I)" PIJ_VO "dtv/dvb/isdb/vo/EwbsInfo;",  // 138
+               com_vireo_android_tvapi_impl_PlayerImpl_getEWBSInfo),
+    PIJ_NATIVE("setEWBSOpInfo", "(II)I",  // 139
+               com_vireo_android_tvapi_impl_PlayerImpl_setEWBSOpInfo),
+    PIJ_NATIVE("getEWBSOpInfo", "(I)" PIJ_VO "dtv/dvb/isdb/vo/EwbsOpInfo;",  // 140
+               com_vireo_android_tvapi_impl_PlayerImpl_getEWBSOpInfo),
+    PIJ_NATIVE("setProgramSortByType", "(I)Z",  // 141
+               com_vireo_android_tvapi_impl_PlayerImpl_setProgramSortByType),
+    PIJ_NATIVE("getUserLocationCount", "()I",  // 142
+               com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCount),
+    PIJ_NATIVE("getUserLocationInfo", "(I)" PIJ_VO "dtv/dvb/dvbs/vo/LocationInfo;",  // 143
+               com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationInfo),
+    PIJ_NATIVE("changeSetting", "(I)V",  // 144
+               com_vireo_android_tvapi_impl_PlayerImpl_changeSetting),
+    PIJ_NATIVE("getHdmiEdidVersionBySource", "(I)I",  // 145
+               com_vireo_android_tvapi_common_PlayerImpl_getHdmiEdidVersionBySource),
+    PIJ_NATIVE("setHdmiEdidVersionBySource", "(II)Z",  // 146
+               com_vireo_android_tvapi_common_PlayerImpl_setHdmiEdidVersionBySource),
+    PIJ_NATIVE("getAllBISSProgramInfo", "(Landroid/os/Parcel;)V",  // 147
+               com_vireo_android_tvapi_common_PlayerImpl_getAllBISSProgramInfo),
+    PIJ_NATIVE("setProgramBISSKeyByNumber", "(IILjava/lang/String;I)Z",  // 148
+               com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyByNumber),
+    PIJ_NATIVE("clearProgramBISSKeyByNumber", "(II)V",  // 149
+               com_vireo_android_tvapi_common_PlayerImpl_clearProgramBISSKeyByNumber),
 };
+// clang-format on
 
-#undef VO
-#undef ROW
+#undef PIJ_VO
+#undef PIJ_NATIVE
 
 static_assert(sizeof(gMethods) / sizeof(gMethods[0]) == kNativeMethodCount,
               "the managed class has 150 native rows");

@@ -1,8 +1,8 @@
+#include "core/log.h"
+
 #include "core/service_text.h"
 
 #include <string>
-
-#include "core/log.h"
 
 namespace pij {
 namespace {

@@ -1,3 +1,5 @@
+#include "core/log.h"
+
 #include "events/event_codes.h"
 
 namespace pij {

@@ -1,10 +1,11 @@
+#include "core/log.h"
+
 #include "events/listener.h"
 
 #include <atomic>
 
 #include "core/context.h"
 #include "core/frame.h"
-#include "core/log.h"
 #include "events/event_codes.h"
 #include "events/payloads.h"
 

@@ -5,13 +5,14 @@
 // Service threads stay attached for ever, so every local reference made here lives inside a
 // local frame that is popped before the handler returns; otherwise each event would leave
 // its references in the thread's table until the process ends.
+#include "core/log.h"
+
 #include "events/payloads.h"
 
 #include <cstdint>
 #include <thread>
 
 #include "core/context.h"
-#include "core/log.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
 #include "marshal/marshal_util.h"

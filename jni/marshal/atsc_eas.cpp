@@ -1,6 +1,8 @@
 // ATSC emergency alerts: the alert in progress as a MwAtscEasInfo with its location codes,
 // exception channels and texts, and the four alert and TS-update methods the service does
 // not support on this platform.
+#include "core/log.h"
+
 #include "marshal/atsc_eas.h"
 
 #include "core/frame.h"
@@ -105,25 +107,27 @@ void reportUnsupported(const char* what, const char* fn, int line) {
 
 }  // namespace
 
-PIJ_EXPORT jobject PIJ_IMPL(getTSUpdateInfo)(JNIEnv*, jobject, jint) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTSUpdateInfo(JNIEnv*, jobject, jint) {
     reportUnsupported("getTSUpdateInfo", __func__, kLineTsUpdateInfo);
     return nullptr;
 }
 
-PIJ_EXPORT void PIJ_IMPL(setEasProgressDone)(JNIEnv*, jobject) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setEasProgressDone(JNIEnv*, jobject) {
     reportUnsupported("setEasProgressDone", __func__, kLineEasProgressDone);
 }
 
-PIJ_EXPORT void PIJ_IMPL(setEasAudioDesired)(JNIEnv*, jobject, jboolean) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setEasAudioDesired(JNIEnv*, jobject,
+                                                                           jboolean) {
     reportUnsupported("setEasAudioDesired", __func__, kLineEasAudioDesired);
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(getEasProgressSatus)(JNIEnv*, jobject) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEasProgressSatus(JNIEnv*, jobject) {
     reportUnsupported("getEasProgressSatus", __func__, kLineEasProgressStatus);
     return JNI_FALSE;
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getEASInProgress)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEASInProgress(JNIEnv* env,
+                                                                            jobject thiz) {
     ALOGD("getEASInProgress");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineEasInProgress, pij::Exc::TvIpc},
                            jobject{}, [&](PlayerImpl& p) {

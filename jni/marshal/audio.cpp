@@ -1,6 +1,8 @@
 // Audio tracks of the current DTV programme: a DtvAudioInfo holding one AudioInfo, with its
 // LangIso639, per valid track. getAudioInfo and getAudioInfo_ex differ only in the player
 // operation that fills the record.
+#include "core/log.h"
+
 #include "marshal/audio.h"
 
 #include <cstdio>
@@ -134,12 +136,13 @@ jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
 
 }  // namespace
 
-PIJ_EXPORT jobject PIJ_IMPL(getAudioInfo)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo(JNIEnv* env, jobject thiz) {
     return audioInfo(env, thiz, __func__, kLineAudioInfo, "getAudioInfo",
                      &PlayerImpl::getAudioInfo);
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getAudioInfo_ex)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo_ex(JNIEnv* env,
+                                                                           jobject thiz) {
     return audioInfo(env, thiz, __func__, kLineAudioInfoEx, "getAudioInfo_ex",
                      &PlayerImpl::getAudioInfo_ex);
 }

@@ -1,13 +1,14 @@
 // The caption preview style going to the player, and the current channel's logo coming back
 // as a managed int array, in two layouts: bytes with their two sizes behind, or ARGB words
 // with the sizes in front.
+#include "core/log.h"
+
 #include "marshal/caption_logo.h"
 
 #include <cstdint>
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -46,7 +47,9 @@ constexpr jsize kLogoDataLength = kLogoCapacity + 2;
 
 }  // namespace
 
-PIJ_EXPORT jboolean PIJ_IMPL(drawPreviewCCWin)(JNIEnv* env, jobject thiz, jobject setting) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin(JNIEnv* env,
+                                                                             jobject thiz,
+                                                                             jobject setting) {
     ALOGD("drawPreviewCCWin");
     const char* fn = __func__;  // inside the body below __func__ would name the lambda
     return pij::withPlayer(env, thiz, Site{__func__, kLineDrawPreviewNoPlayer, Exc::IllegalState},
@@ -76,7 +79,8 @@ PIJ_EXPORT jboolean PIJ_IMPL(drawPreviewCCWin)(JNIEnv* env, jobject thiz, jobjec
                            });
 }
 
-PIJ_EXPORT jintArray PIJ_IMPL(getLogoData)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getLogoData(JNIEnv* env,
+                                                                         jobject thiz) {
     ALOGD("getLogoData");
     Site site{__func__, kLineGetLogoData, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jintArray{nullptr}, [&](PlayerImpl& p) -> jintArray {
@@ -94,7 +98,8 @@ PIJ_EXPORT jintArray PIJ_IMPL(getLogoData)(JNIEnv* env, jobject thiz) {
     });
 }
 
-PIJ_EXPORT jintArray PIJ_IMPL(getChannelLogoARGB)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getChannelLogoARGB(JNIEnv* env,
+                                                                                jobject thiz) {
     ALOGD("getChannelLogoARGB");
     Site site{__func__, kLineGetChannelLogo, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jintArray{nullptr}, [&](PlayerImpl& p) -> jintArray {

@@ -1,5 +1,7 @@
 // Demodulator information for service screens: the firmware version of a demodulator and the
 // internal state of the DVB-T and DVB-C demodulators.
+#include "core/log.h"
+
 #include "marshal/demod.h"
 
 #include "core/frame.h"
@@ -99,7 +101,9 @@ jobject demodInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
 
 }  // namespace
 
-PIJ_EXPORT jobject PIJ_IMPL(getDTVDemodVersion)(JNIEnv* env, jobject thiz, jint type) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion(JNIEnv* env,
+                                                                              jobject thiz,
+                                                                              jint type) {
     ALOGD("getDTVDemodVersion");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineVersion, pij::Exc::IllegalState},
                            jobject{}, [&](PlayerImpl& p) {
@@ -109,12 +113,14 @@ PIJ_EXPORT jobject PIJ_IMPL(getDTVDemodVersion)(JNIEnv* env, jobject thiz, jint 
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getDemodDVBTInfo)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBTInfo(JNIEnv* env,
+                                                                            jobject thiz) {
     return demodInfo(env, thiz, __func__, kLineDvbt, "getDemodDVBTInfo",
                      &PlayerImpl::getDemodDVBTInfo, kDvbtInfo);
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getDemodDVBCInfo)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBCInfo(JNIEnv* env,
+                                                                            jobject thiz) {
     return demodInfo(env, thiz, __func__, kLineDvbc, "getDemodDVBCInfo",
                      &PlayerImpl::getDemodDVBCInfo, kDvbcInfo);
 }

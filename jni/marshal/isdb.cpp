@@ -1,5 +1,7 @@
 // ISDB emergency warnings (EWS through parcels, EWBS by area code and operation) and the
 // player's list of user locations.
+#include "core/log.h"
+
 #include "marshal/isdb.h"
 
 #include <algorithm>
@@ -8,7 +10,6 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 #include "marshal/marshal_util.h"
 #include "marshal/parcels.h"
 
@@ -96,8 +97,9 @@ PIJ_REGISTER_VALUE_CLASS(kLocationInfo);
 
 }  // namespace
 
-PIJ_EXPORT jboolean PIJ_IMPL(getEWSInfo)(JNIEnv* env, jobject thiz, jobject request,
-                                         jobject reply) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo(JNIEnv* env, jobject thiz,
+                                                                       jobject request,
+                                                                       jobject reply) {
     ALOGI("getEWSInfo");
     return pij::withPlayer(env, thiz, Site{__func__, kLineGetEws, Exc::IllegalState},
                            jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
@@ -108,7 +110,8 @@ PIJ_EXPORT jboolean PIJ_IMPL(getEWSInfo)(JNIEnv* env, jobject thiz, jobject requ
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getEWBSInfo)(JNIEnv* env, jobject thiz, jint areaCode) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEWBSInfo(JNIEnv* env, jobject thiz,
+                                                                       jint areaCode) {
     ALOGI("getEWBSInfo, code = %d", areaCode);
     Site site{__func__, kLineGetEwbs, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
@@ -124,7 +127,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getEWBSInfo)(JNIEnv* env, jobject thiz, jint areaCod
     });
 }
 
-PIJ_EXPORT jint PIJ_IMPL(setEWBSOpInfo)(JNIEnv* env, jobject thiz, jint op, jint value) {
+PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_setEWBSOpInfo(JNIEnv* env, jobject thiz,
+                                                                      jint op, jint value) {
     ALOGD("setEWBSOpInfo, %d %d", op, value);
     return pij::withPlayer(env, thiz, Site{__func__, kLineSetEwbsOp, Exc::IllegalState}, jint{0},
                            [&](PlayerImpl& p) {
@@ -134,7 +138,8 @@ PIJ_EXPORT jint PIJ_IMPL(setEWBSOpInfo)(JNIEnv* env, jobject thiz, jint op, jint
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getEWBSOpInfo)(JNIEnv* env, jobject thiz, jint op) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEWBSOpInfo(JNIEnv* env, jobject thiz,
+                                                                         jint op) {
     ALOGI("getEWBSOpInfo, op = %d", op);
     Site site{__func__, kLineGetEwbsOp, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
@@ -147,7 +152,9 @@ PIJ_EXPORT jobject PIJ_IMPL(getEWBSOpInfo)(JNIEnv* env, jobject thiz, jint op) {
     });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getUserLocationInfo)(JNIEnv* env, jobject thiz, jint index) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationInfo(JNIEnv* env,
+                                                                               jobject thiz,
+                                                                               jint index) {
     ALOGD("getUserLocationInfo");
     Site site{__func__, kLineGetUserLocation, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {

@@ -36,13 +36,13 @@
 #pragma once
 
 #include <jni.h>
+#include <log/log.h>
 #include <utils/String8.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
-#include "core/log.h"
 #include "core/service_text.h"
 #include "marshal/value_classes.h"
 

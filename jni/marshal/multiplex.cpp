@@ -1,5 +1,7 @@
 // Where a DTV service is carried: the multiplex of the current service or of a programme
 // number, the RF channel behind a channel index, and the NIT frequency pair of a region.
+#include "core/log.h"
+
 #include "marshal/multiplex.h"
 
 #include "core/frame.h"
@@ -64,7 +66,8 @@ constexpr int kLineNitRefused = 2950;
 
 }  // namespace
 
-PIJ_EXPORT jobject PIJ_IMPL(getRFInfo)(JNIEnv* env, jobject thiz, jint type, jint index) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getRFInfo(JNIEnv* env, jobject thiz,
+                                                                     jint type, jint index) {
     ALOGD("getRFInfo");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineRfInfo, pij::Exc::TvIpc}, jobject{},
                            [&](PlayerImpl& p) {
@@ -74,7 +77,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getRFInfo)(JNIEnv* env, jobject thiz, jint type, jin
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getCurrentMuxInfo)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getCurrentMuxInfo(JNIEnv* env,
+                                                                             jobject thiz) {
     ALOGD("getCurrentMuxInfo");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineCurrentMux, pij::Exc::TvIpc},
                            jobject{}, [&](PlayerImpl& p) {
@@ -84,8 +88,10 @@ PIJ_EXPORT jobject PIJ_IMPL(getCurrentMuxInfo)(JNIEnv* env, jobject thiz) {
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getMuxInfoByProgramNumber)(JNIEnv* env, jobject thiz, jint program,
-                                                       jshort type) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getMuxInfoByProgramNumber(JNIEnv* env,
+                                                                                     jobject thiz,
+                                                                                     jint program,
+                                                                                     jshort type) {
     ALOGD("getMuxInfoByProgramNumber");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineMuxByProgram, pij::Exc::TvIpc},
                            jobject{}, [&](PlayerImpl& p) {
@@ -96,8 +102,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getMuxInfoByProgramNumber)(JNIEnv* env, jobject thiz
                            });
 }
 
-PIJ_EXPORT jintArray PIJ_IMPL(native_getNitFrequencyByDtvRegion)(JNIEnv* env, jobject thiz,
-                                                                 jint region) {
+PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_native_getNitFrequencyByDtvRegion(
+    JNIEnv* env, jobject thiz, jint region) {
     ALOGD("native_getNitFrequencyByDtvRegion");
     const char* fn = __func__;
     return pij::withPlayer(

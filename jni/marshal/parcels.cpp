@@ -1,6 +1,8 @@
 // Player exchanges through parcels: the RRT, V-chip and BISS program queries pass the
 // managed parcels' native parcels to the player, which reads or writes them itself; this
 // library never looks inside. The BISS key setter passes a key text as bytes.
+#include "core/log.h"
+
 #include "marshal/parcels.h"
 
 #include <cstring>
@@ -8,7 +10,6 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -62,7 +63,9 @@ android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
     return reinterpret_cast<android::Parcel*>(value);
 }
 
-PIJ_EXPORT void PIJ_IMPL(native_getRRTInformation)(JNIEnv* env, jobject thiz, jobject reply) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation(JNIEnv* env,
+                                                                                 jobject thiz,
+                                                                                 jobject reply) {
     ALOGD("getRRTInformation");
     pij::withPlayer(env, thiz, Site{__func__, kLineGetRrt, Exc::TvUnsupported}, [&](PlayerImpl& p) {
         android::Parcel request;
@@ -71,7 +74,9 @@ PIJ_EXPORT void PIJ_IMPL(native_getRRTInformation)(JNIEnv* env, jobject thiz, jo
 }
 
 // Registered as ()Z; the two ints are never passed by the managed side and never read.
-PIJ_EXPORT jboolean PIJ_COMMON(resetRrtInformation)(JNIEnv* env, jobject thiz, jint, jint) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation(JNIEnv* env,
+                                                                                  jobject thiz,
+                                                                                  jint, jint) {
     ALOGD("resetRrtInformation");
     return pij::withPlayer(env, thiz, Site{__func__, kLineResetRrt, Exc::IllegalState},
                            jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
@@ -81,8 +86,8 @@ PIJ_EXPORT jboolean PIJ_COMMON(resetRrtInformation)(JNIEnv* env, jobject thiz, j
                            });
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(native_getVChipRatingInfo)(JNIEnv* env, jobject thiz, jobject request,
-                                                        jobject reply) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo(
+    JNIEnv* env, jobject thiz, jobject request, jobject reply) {
     ALOGD("getRating");
     return pij::withPlayer(env, thiz, Site{__func__, kLineGetVChipRating, Exc::IllegalState},
                            jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
@@ -96,7 +101,9 @@ PIJ_EXPORT jboolean PIJ_IMPL(native_getVChipRatingInfo)(JNIEnv* env, jobject thi
 // Without a player this handler does not return after the report: it converts the reply
 // parcel (with its own log line) and goes on to the call, which can only end the process. It
 // is ended right after the conversion, instead of calling through a null pointer.
-PIJ_EXPORT void PIJ_COMMON(getAllBISSProgramInfo)(JNIEnv* env, jobject thiz, jobject reply) {
+PIJ_EXPORT void com_vireo_android_tvapi_common_PlayerImpl_getAllBISSProgramInfo(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jobject reply) {
     ALOGI("getAllBISSProgramInfo");
     android::sp<PlayerImpl> player = pij::acquirePlayer(env, thiz);
     if (player == nullptr) pij::reportFatal(Site{__func__, kLineGetAllBiss, Exc::IllegalState});
@@ -105,8 +112,8 @@ PIJ_EXPORT void PIJ_COMMON(getAllBISSProgramInfo)(JNIEnv* env, jobject thiz, job
     player->getAllBISSProgramInfo(out);
 }
 
-PIJ_EXPORT jboolean PIJ_COMMON(setProgramBISSKeyByNumber)(JNIEnv* env, jobject thiz, jint program,
-                                                          jint type, jstring key, jint length) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyByNumber(
+    JNIEnv* env, jobject thiz, jint program, jint type, jstring key, jint length) {
     ALOGD("setProgramBISSKeyByNumber");
     return pij::withPlayer(
         env, thiz, Site{__func__, kLineSetBissKey, Exc::IllegalState}, jboolean{JNI_FALSE},

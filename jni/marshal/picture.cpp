@@ -1,5 +1,7 @@
 // Picture and signal queries: the aspect-ratio state, the timing of the current source and
 // the signal of the current DTV programme, each handed back as a new managed value object.
+#include "core/log.h"
+
 #include "marshal/picture.h"
 
 #include "core/frame.h"
@@ -56,7 +58,8 @@ constexpr int kLineSignalInfo = 2907;
 
 }  // namespace
 
-PIJ_EXPORT jobject PIJ_IMPL(getAspectRatio)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAspectRatio(JNIEnv* env,
+                                                                          jobject thiz) {
     ALOGD("native_getAspectRatio");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineAspectRatio, pij::Exc::TvIpc},
                            jobject{}, [&](PlayerImpl& p) {
@@ -69,7 +72,7 @@ PIJ_EXPORT jobject PIJ_IMPL(getAspectRatio)(JNIEnv* env, jobject thiz) {
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getVideoInfo)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getVideoInfo(JNIEnv* env, jobject thiz) {
     ALOGD("getVideoInfo");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineVideoInfo, pij::Exc::TvIpc},
                            jobject{}, [&](PlayerImpl& p) {
@@ -80,7 +83,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getVideoInfo)(JNIEnv* env, jobject thiz) {
                            });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getCurrentSignalInformation)(JNIEnv* env, jobject thiz) {
+PIJ_EXPORT jobject
+com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSignalInformation(JNIEnv* env, jobject thiz) {
     ALOGD("getCurrentSignalInformation");
     return pij::withPlayer(env, thiz, pij::Site{__func__, kLineSignalInfo, pij::Exc::IllegalState},
                            jobject{}, [&](PlayerImpl& p) {

@@ -1,10 +1,11 @@
 // Satellites and transponders between the player's records and the managed value objects,
 // in both directions, from one description of each class.
+#include "core/log.h"
+
 #include "marshal/satellite.h"
 
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -136,7 +137,9 @@ jobject fromPlayer(JNIEnv* env, jobject thiz, const Site& site, const char* what
 
 }  // namespace
 
-PIJ_EXPORT jobject PIJ_IMPL(getSatelliteInfo)(JNIEnv* env, jobject thiz, jint index) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getSatelliteInfo(JNIEnv* env,
+                                                                            jobject thiz,
+                                                                            jint index) {
     ALOGD("getSatelliteInfo");
     return fromPlayer(
         env, thiz, Site{__func__, kLineGetSatellite, Exc::IllegalState}, "getSatelliteInfo",
@@ -144,23 +147,29 @@ PIJ_EXPORT jobject PIJ_IMPL(getSatelliteInfo)(JNIEnv* env, jobject thiz, jint in
         [&](PlayerImpl& p, SatelliteInfoRec& rec) { p.getSatelliteInfo(index, rec); });
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(updateSatelliteInfo)(JNIEnv* env, jobject thiz, jint index,
-                                                  jobject info) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_updateSatelliteInfo(JNIEnv* env,
+                                                                                jobject thiz,
+                                                                                jint index,
+                                                                                jobject info) {
     ALOGD("updateSatelliteInfo");
     return toPlayer(
         env, thiz, info, Site{__func__, kLineUpdateSatellite, Exc::IllegalState}, kSatelliteInfo,
         [&](PlayerImpl& p, SatelliteInfoRec& rec) { return p.updateSatelliteInfo(index, rec); });
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(addSatelliteInfo)(JNIEnv* env, jobject thiz, jobject info) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_addSatelliteInfo(JNIEnv* env,
+                                                                             jobject thiz,
+                                                                             jobject info) {
     ALOGD("addSatelliteInfo");
     return toPlayer(env, thiz, info, Site{__func__, kLineAddSatellite, Exc::IllegalState},
                     kSatelliteInfo,
                     [&](PlayerImpl& p, SatelliteInfoRec& rec) { return p.addSatelliteInfo(rec); });
 }
 
-PIJ_EXPORT jobject PIJ_IMPL(getTransponderInfo)(JNIEnv* env, jobject thiz, jint satellite,
-                                                jint index) {
+PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTransponderInfo(JNIEnv* env,
+                                                                              jobject thiz,
+                                                                              jint satellite,
+                                                                              jint index) {
     ALOGD("getTransponderInfo");
     return fromPlayer(env, thiz, Site{__func__, kLineGetTransponder, Exc::IllegalState},
                       "getTransponderInfo", kTransponderInfo,
@@ -169,8 +178,8 @@ PIJ_EXPORT jobject PIJ_IMPL(getTransponderInfo)(JNIEnv* env, jobject thiz, jint 
                       });
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(updateTransponderInfo)(JNIEnv* env, jobject thiz, jint satellite,
-                                                    jint index, jobject info) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_updateTransponderInfo(
+    JNIEnv* env, jobject thiz, jint satellite, jint index, jobject info) {
     ALOGD("updateTransponderInfo");
     return toPlayer(env, thiz, info, Site{__func__, kLineUpdateTransponder, Exc::IllegalState},
                     kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
@@ -178,8 +187,10 @@ PIJ_EXPORT jboolean PIJ_IMPL(updateTransponderInfo)(JNIEnv* env, jobject thiz, j
                     });
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(addTransponderInfo)(JNIEnv* env, jobject thiz, jint satellite,
-                                                 jobject info) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_addTransponderInfo(JNIEnv* env,
+                                                                               jobject thiz,
+                                                                               jint satellite,
+                                                                               jobject info) {
     ALOGD("addTransponderInfo");
     return toPlayer(env, thiz, info, Site{__func__, kLineAddTransponder, Exc::IllegalState},
                     kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {

@@ -1,3 +1,5 @@
+#include "core/log.h"
+
 #include "marshal/value_classes.h"
 
 #include <utility>

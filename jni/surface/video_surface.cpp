@@ -1,4 +1,6 @@
 // Binding of the TV video window to an android.view.Surface, and the HDMI GPIO command.
+#include "core/log.h"
+
 #include "surface/video_surface.h"
 
 #include <algorithm>
@@ -8,7 +10,6 @@
 #include "core/context.h"
 #include "core/frame.h"
 #include "core/handlers.h"
-#include "core/log.h"
 #include "surface/VTvDisaplyImpl.h"
 
 namespace pij {
@@ -98,7 +99,9 @@ android::sp<android::Surface> VndkGetSurface(JNIEnv* env, jobject surface,
     return result;
 }
 
-PIJ_EXPORT void PIJ_IMPL(setVideoSurface)(JNIEnv* env, jobject thiz, jobject surface, jint wtype) {
+PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setVideoSurface(JNIEnv* env, jobject thiz,
+                                                                        jobject surface,
+                                                                        jint wtype) {
     ALOGD("setVideoSurface wtype: %d", wtype);
     uint64_t surfaceId = 0;
     VTvDisaplyImpl* display = pij::display();
@@ -147,7 +150,8 @@ PIJ_EXPORT void PIJ_IMPL(setVideoSurface)(JNIEnv* env, jobject thiz, jobject sur
     }
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(destoryVideoSurfaceTexture)(JNIEnv* env, jobject, jobject surface) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_destoryVideoSurfaceTexture(
+    JNIEnv* env, jobject, jobject surface) {
     uint64_t surfaceId = 0;
     VTvDisaplyImpl* display = pij::display();
     if (surface == nullptr) {
@@ -163,7 +167,8 @@ PIJ_EXPORT jboolean PIJ_IMPL(destoryVideoSurfaceTexture)(JNIEnv* env, jobject, j
     return result;
 }
 
-PIJ_EXPORT jboolean PIJ_IMPL(setHdmiGpio)(JNIEnv* env, jobject thiz, jintArray gpio) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setHdmiGpio(JNIEnv* env, jobject thiz,
+                                                                        jintArray gpio) {
     ALOGD("setHdmiGpio");
     pij::Site site{__func__, pij::kLineHdmiGpioNoPlayer, pij::Exc::TvIpc};
     return pij::withPlayer(env, thiz, site, jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {

@@ -13,8 +13,8 @@
 
 #include "core/handlers.h"
 #include "core/parcel.h"
-#include "fake_jni.h"
 #include "double/fake_player.h"
+#include "fake_jni.h"
 
 using namespace fake;
 
@@ -33,10 +33,10 @@ int main(int argc, char** argv) {
     std::thread lifecycle([&] {
         const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(seconds);
         while (std::chrono::steady_clock::now() < end) {
-            PIJ_IMPL(native_setup)(env, thiz, weak);
+            com_vireo_android_tvapi_impl_PlayerImpl_native_setup(env, thiz, weak);
             setups.fetch_add(1);
             std::this_thread::sleep_for(std::chrono::microseconds(300));
-            PIJ_IMPL(native_finalize)(env, thiz);
+            com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(env, thiz);
             std::this_thread::sleep_for(std::chrono::microseconds(100));
         }
         stop.store(true);
@@ -46,9 +46,9 @@ int main(int argc, char** argv) {
     for (int t = 0; t < 4; ++t) {
         threads.emplace_back([&] {
             while (!stop.load()) {
-                PIJ_IMPL(closeTeletext)(env, thiz);
-                PIJ_IMPL(getPhaseRange)(env, thiz);
-                PIJ_IMPL(native_getVideoStandard)(env, thiz);
+                com_vireo_android_tvapi_impl_PlayerImpl_closeTeletext(env, thiz);
+                com_vireo_android_tvapi_impl_PlayerImpl_getPhaseRange(env, thiz);
+                com_vireo_android_tvapi_impl_PlayerImpl_native_getVideoStandard(env, thiz);
                 calls.fetch_add(3);
             }
         });
