@@ -8,7 +8,7 @@
 #include "core/context.h"
 #include "core/parcel.h"
 #include "events/listener.h"
-#include "fake_jni.h"
+#include "double/stand_in_vm.h"
 
 namespace {
 

@@ -18,7 +18,7 @@
 #include "core/handlers.h"
 #include "event_rows.h"
 #include "events/listener.h"
-#include "tsan/fake_jni.h"
+#include "double/stand_in_vm.h"
 
 namespace {
 

@@ -1,5 +1,5 @@
 // ThreadSanitizer run of the call frame, the replacement of the player and the listener,
-// without a JVM (fake_jni.h stands in for the environment). Four "managed" threads call
+// without a JVM (double/stand_in_vm.h stands in for the environment). Four "managed" threads call
 // handlers while a fifth sets players up and finalises them, and two service threads deliver
 // events, payload events included.
 //
@@ -14,7 +14,7 @@
 #include "core/handlers.h"
 #include "core/parcel.h"
 #include "double/fake_player.h"
-#include "fake_jni.h"
+#include "double/stand_in_vm.h"
 
 using namespace fake;
 

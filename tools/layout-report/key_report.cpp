@@ -12,7 +12,7 @@
 #include "core/context.h"
 #include "core/handlers.h"
 #include "native_report.h"
-#include "tsan/fake_jni.h"
+#include "double/stand_in_vm.h"
 
 namespace {
 
