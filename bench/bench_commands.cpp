@@ -59,19 +59,7 @@ bool setUp() {
 }
 
 void runLoop(benchmark::State& state, jmethodID loop, jobject target) {
-    JNIEnv* e = th::env();
-    for (auto _ : state) {
-        const jint n = e->CallStaticIntMethod(gFx.floors.cls, loop, target, kBatch);
-        if (e->ExceptionCheck()) {
-            e->ExceptionDescribe();
-            e->ExceptionClear();
-            state.SkipWithError("the managed loop threw");
-            break;
-        }
-        benchmark::DoNotOptimize(n);
-    }
-    state.SetItemsProcessed(state.iterations() * kBatch);
-    bench::detachWorker();
+    bench::runManagedLoop(state, gFx.floors.cls, loop, target, kBatch);
 }
 
 void BM_EmptyNative(benchmark::State& s) { runLoop(s, gFx.loopNop, gFx.floors.object); }

@@ -233,6 +233,23 @@ void detachWorker() {
     if (std::this_thread::get_id() != gMainThread) th::vm()->DetachCurrentThread();
 }
 
+void runManagedLoop(benchmark::State& state, jclass cls, jmethodID loop, jobject target,
+                    jint batch) {
+    JNIEnv* e = th::env();
+    for (auto _ : state) {
+        const jint n = e->CallStaticIntMethod(cls, loop, target, batch);
+        if (e->ExceptionCheck()) {
+            e->ExceptionDescribe();
+            e->ExceptionClear();
+            state.SkipWithError("the managed loop threw");
+            break;
+        }
+        benchmark::DoNotOptimize(n);
+    }
+    state.SetItemsProcessed(state.iterations() * batch);
+    detachWorker();
+}
+
 int run(int argc, char** argv, int itemsPerIteration, const std::vector<Ratio>& ratios,
         const std::function<bool()>& setUp) {
     gMainThread = std::this_thread::get_id();

@@ -99,4 +99,10 @@ int run(int argc, char** argv, int itemsPerIteration, const std::vector<Ratio>& 
 // Detaches a benchmark worker thread (not the main thread) from the VM at the end of a run.
 void detachWorker();
 
+// Times `batch` calls per iteration of the managed static loop `loop` of `cls` (an int loop
+// taking the target and the count); a loop that throws ends the benchmark with an error. A
+// worker thread is detached at the end.
+void runManagedLoop(benchmark::State& state, jclass cls, jmethodID loop, jobject target,
+                    jint batch);
+
 }  // namespace bench

@@ -224,18 +224,7 @@ bool setUp() {
 }
 
 void runLoop(benchmark::State& state, jmethodID loop, jobject target) {
-    JNIEnv* e = th::env();
-    for (auto _ : state) {
-        const jint n = e->CallStaticIntMethod(gFx.floors.cls, loop, target, kBatch);
-        if (e->ExceptionCheck()) {
-            e->ExceptionDescribe();
-            e->ExceptionClear();
-            state.SkipWithError("the managed loop threw");
-            break;
-        }
-        benchmark::DoNotOptimize(n);
-    }
-    state.SetItemsProcessed(state.iterations() * kBatch);
+    bench::runManagedLoop(state, gFx.floors.cls, loop, target, kBatch);
 }
 
 jobject floors() { return gFx.floors.object; }
