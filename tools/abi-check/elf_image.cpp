@@ -20,6 +20,13 @@ constexpr unsigned kShtAndroidRelr = 0x6fffff00;
 Elf* asElf(void* p) { return static_cast<Elf*>(p); }
 Elf_Scn* asScn(void* p) { return static_cast<Elf_Scn*>(p); }
 
+// A table section's header and data; null when it has no data or no entry size.
+Elf_Data* tableOf(Elf_Scn* scn, GElf_Shdr* shdr) {
+    gelf_getshdr(scn, shdr);
+    Elf_Data* data = elf_getdata(scn, nullptr);
+    return data != nullptr && shdr->sh_entsize != 0 ? data : nullptr;
+}
+
 }  // namespace
 
 ElfImage::ElfImage(const std::string& path) : mPath(path) {
@@ -106,11 +113,9 @@ void ElfImage::load() {
 
 void ElfImage::readSymbols(void* scnp, bool dynamic) {
     Elf* elf = asElf(mElf);
-    Elf_Scn* scn = asScn(scnp);
     GElf_Shdr shdr;
-    gelf_getshdr(scn, &shdr);
-    Elf_Data* data = elf_getdata(scn, nullptr);
-    if (data == nullptr || shdr.sh_entsize == 0) return;
+    Elf_Data* data = tableOf(asScn(scnp), &shdr);
+    if (data == nullptr) return;
     size_t count = shdr.sh_size / shdr.sh_entsize;
     for (size_t i = 1; i < count; ++i) {
         GElf_Sym sym;
@@ -139,11 +144,9 @@ void ElfImage::readSymbols(void* scnp, bool dynamic) {
 
 void ElfImage::readRelocations(void* scnp, bool rela) {
     Elf* elf = asElf(mElf);
-    Elf_Scn* scn = asScn(scnp);
     GElf_Shdr shdr;
-    gelf_getshdr(scn, &shdr);
-    Elf_Data* data = elf_getdata(scn, nullptr);
-    if (data == nullptr || shdr.sh_entsize == 0) return;
+    Elf_Data* data = tableOf(asScn(scnp), &shdr);
+    if (data == nullptr) return;
     // The symbol table the relocations refer to.
     Elf_Scn* symScn = elf_getscn(elf, shdr.sh_link);
     GElf_Shdr symShdr;
