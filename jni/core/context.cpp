@@ -67,8 +67,9 @@ void deleteScanObjects(JNIEnv* env) {
 // the proxy fires inside disconnect(), finds its player here and goes the way a later call
 // does, without a player: the proxy is disconnected once.
 std::vector<const PlayerImpl*>& finalizing() {
-    static std::vector<const PlayerImpl*> players;
-    return players;
+    // Never destroyed: a managed thread may still finalize while the process exits.
+    static auto* const players = new std::vector<const PlayerImpl*>();
+    return *players;
 }
 
 // The frame's acquisition for native_finalize: the object's player, unless it has none or

@@ -41,8 +41,9 @@ VTvDisaplyImpl* display() {
 // a producer the library no longer holds.)
 using Producer = android::IGraphicBufferProducer;
 std::map<const PlayerImpl*, Producer*>& heldProducers() {
-    static std::map<const PlayerImpl*, Producer*> held;
-    return held;
+    // Never destroyed: a service or managed thread may still bind while the process exits.
+    static auto* const held = new std::map<const PlayerImpl*, Producer*>();
+    return *held;
 }
 
 // Under the global lock: makes `next` (or nothing) the producer held for `player`, and
