@@ -10,6 +10,7 @@
 #include "core/context.h"
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "surface/VTvDisaplyImpl.h"
 
 namespace pij {
@@ -85,18 +86,17 @@ void releaseVideoSurface(JNIEnv* env, jobject thiz) {
 android::sp<android::Surface> VndkGetSurface(JNIEnv* env, jobject surface,
                                              jfieldID nativeObjectField, jfieldID lockField) {
     android::sp<android::Surface> result;
-    jobject lock = env->GetObjectField(surface, lockField);
+    ScopedLocalRef<jobject> lock(env, env->GetObjectField(surface, lockField));
     // A Surface without its lock object is out of contract: no monitor can be entered, so
     // it gives no native surface, as a failed monitor entry does.
-    if (lock == nullptr) {
+    if (lock.get() == nullptr) {
         ALOGE("VndkGetSurface: the Surface has no lock object");
         return result;
     }
-    if (env->MonitorEnter(lock) == JNI_OK) {
+    pij::ScopedMonitor monitor(env, lock.get());
+    if (monitor.entered()) {
         result = reinterpret_cast<android::Surface*>(env->GetLongField(surface, nativeObjectField));
-        env->MonitorExit(lock);
     }
-    env->DeleteLocalRef(lock);
     return result;
 }
 
