@@ -265,6 +265,25 @@ jclass findClass(const char* path) {
     return global;
 }
 
+namespace {
+void JNICALL runBody(JNIEnv*, jclass, jlong body) {
+    (*reinterpret_cast<const std::function<void()>*>(body))();
+}
+}  // namespace
+
+void underManagedCaller(const std::function<void()>& body) {
+    JNIEnv* e = env();
+    jclass caller = findClass("com/vireo/test/ManagedCaller");
+    static std::once_flag registered;
+    std::call_once(registered, [e, caller] {
+        JNINativeMethod run{"run", "(J)V", reinterpret_cast<void*>(&runBody)};
+        e->RegisterNatives(caller, &run, 1);
+    });
+    e->CallStaticVoidMethod(caller, e->GetStaticMethodID(caller, "call", "(J)V"),
+                            static_cast<jlong>(reinterpret_cast<intptr_t>(&body)));
+    failOnPendingException();
+}
+
 jclass playerClass() { return findClass("com/vireo/android/tvapi/impl/PlayerImpl"); }
 
 jobject newPlayer() {

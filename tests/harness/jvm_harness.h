@@ -5,6 +5,7 @@
 
 #include <jni.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -53,6 +54,9 @@ bool apiInOwnLoader();
 // runtime's error pending. The class is initialised.
 jclass loadClass(const char* path);
 jclass findClass(const char* path);  // a global reference, cached
+// Runs `body` on this thread under a managed caller's frame, as the device calls a handler, so
+// that a handler called straight from the test finds the API's classes.
+void underManagedCaller(const std::function<void()>& body);
 jclass playerClass();
 // Constructs a managed PlayerImpl (runs native_setup); a new local reference.
 jobject newPlayer();
