@@ -8,12 +8,12 @@
 #include <tuple>
 
 #include "core/PlayerImpl.h"
+#include "double/fake_player.h"
 #include "harness/fields.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
 #include "marshal/audio.h"
 #include "marshal/picture.h"
-#include "double/fake_player.h"
 
 namespace {
 

@@ -216,7 +216,7 @@ void judgeText(const Call& c, const char* text) {
         }
         if (!ok) {
             char what[96];
-            snprintf(what, sizeof what, "text that is not Modified UTF-8 (byte %zu is %#04x)", bad,
+            snprintf(what, sizeof what, "text that is not Modified UTF-8 (byte %zu is 0x%02x)", bad,
                      p[bad]);
             fail(c, what);
         }
@@ -370,10 +370,11 @@ struct VaEnd {
 };
 
 // The variadic calls, judged as their va_list forms under their own names.
-#define PIJ_TYPES(X)                                                                 \
-    X(Object, jobject)                                                               \
-    X(Boolean, jboolean) X(Byte, jbyte) X(Char, jchar) X(Short, jshort) X(Int, jint) \
-        X(Long, jlong) X(Float, jfloat) X(Double, jdouble) X(Void, void)
+#define PIJ_TYPES(X)                                                                            \
+    X(Object, jobject)                                                                          \
+    X(Boolean, jboolean)                                                                        \
+    X(Byte, jbyte) X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
+        X(Double, jdouble) X(Void, void)
 
 #define PIJ_CALLS(T, R)                                                                           \
     R JNICALL Call##T##Method(JNIEnv* env, jobject obj, jmethodID m, ...) {                       \
@@ -474,9 +475,10 @@ void hookAll() {
     PIJ_HOOK(Release##T##ArrayElements, kEx); \
     PIJ_HOOK(Get##T##ArrayRegion, kNone);     \
     PIJ_HOOK(Set##T##ArrayRegion, kNone);
-#define PIJ_VALUE_TYPES(X)                                                                      \
-    X(Boolean, jboolean)                                                                        \
-    X(Byte, jbyte) X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
+#define PIJ_VALUE_TYPES(X)                                                       \
+    X(Boolean, jboolean)                                                         \
+    X(Byte, jbyte)                                                               \
+    X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
         X(Double, jdouble)
     PIJ_FIELDS(Object, jobject)
     PIJ_VALUE_TYPES(PIJ_FIELDS)
