@@ -7,6 +7,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -51,16 +52,16 @@ template <typename Entry>
 bool setEntries(const Copy& c, jobject obj, jfieldID id, const pij::ValueClass<Entry>& vc,
                 const pij::FieldIds& ids, const Entry (&entries)[kEasEntries]) {
     JNIEnv* env = c.env;
-    jobjectArray array = env->NewObjectArray(kEasEntries, ids.cls, nullptr);
-    if (array == nullptr) return false;  // no memory: the runtime's exception is pending
+    ScopedLocalRef<jobjectArray> array(env, env->NewObjectArray(kEasEntries, ids.cls, nullptr));
+    if (array.get() == nullptr) return false;  // no memory: the runtime's exception is pending
     for (jsize i = 0; i < kEasEntries; ++i) {
-        jobject element = pij::allocate(env, ids);
-        if (element == nullptr || !pij::toObject(c, element, vc, ids, entries[i])) return false;
-        env->SetObjectArrayElement(array, i, element);
-        env->DeleteLocalRef(element);
+        ScopedLocalRef<jobject> element(env, pij::allocate(env, ids));
+        if (element.get() == nullptr || !pij::toObject(c, element.get(), vc, ids, entries[i])) {
+            return false;
+        }
+        env->SetObjectArrayElement(array.get(), i, element.get());
     }
-    env->SetObjectField(obj, id, array);
-    env->DeleteLocalRef(array);
+    env->SetObjectField(obj, id, array.get());
     return true;
 }
 

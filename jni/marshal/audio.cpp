@@ -9,6 +9,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -36,12 +37,12 @@ enum Nested { kNestedTrack, kNestedLang };
 // A track's isoLangInfo: a new LangIso639.
 bool langOut(const Copy& c, jobject track, jfieldID id, const AudioInfoRec& entry) {
     const pij::FieldIds& ids = c.nested[kNestedLang];
-    jobject lang = pij::allocate(c.env, ids);
-    if (lang == nullptr || !pij::toObject(c, lang, kLangIso639, ids, entry.isoLangInfo)) {
+    ScopedLocalRef<jobject> lang(c.env, pij::allocate(c.env, ids));
+    if (lang.get() == nullptr ||
+        !pij::toObject(c, lang.get(), kLangIso639, ids, entry.isoLangInfo)) {
         return false;
     }
-    c.env->SetObjectField(track, id, lang);
-    c.env->DeleteLocalRef(lang);
+    c.env->SetObjectField(track, id, lang.get());
     return true;
 }
 
@@ -83,24 +84,25 @@ bool tracksOut(const Copy& c, jobject result, jfieldID id, const DtvAudioInfoRec
     if (count < 0) {
         char length[8];
         snprintf(length, sizeof length, "%d", count);
-        env->ThrowNew(env->FindClass("java/lang/NegativeArraySizeException"), length);
+        ScopedLocalRef<jclass> refused(env, env->FindClass("java/lang/NegativeArraySizeException"));
+        // Without the class its own NoClassDefFoundError is pending instead.
+        if (refused.get() != nullptr) env->ThrowNew(refused.get(), length);
         return false;
     }
     const pij::FieldIds& trackIds = c.nested[kNestedTrack];
-    jobjectArray tracks = env->NewObjectArray(count, trackIds.cls, nullptr);
+    ScopedLocalRef<jobjectArray> tracks(env, env->NewObjectArray(count, trackIds.cls, nullptr));
     // No array (no memory): the runtime's exception is pending, so no further call goes into
     // the VM; the managed caller gets that exception, not a half-made object.
-    if (tracks == nullptr) return false;
+    if (tracks.get() == nullptr) return false;
     for (jsize i = 0; i < count; ++i) {
-        jobject track = pij::allocate(env, trackIds);
-        if (track == nullptr || !pij::toObject(c, track, kAudioInfo, trackIds, rec.audioInfos[i])) {
+        ScopedLocalRef<jobject> track(env, pij::allocate(env, trackIds));
+        if (track.get() == nullptr ||
+            !pij::toObject(c, track.get(), kAudioInfo, trackIds, rec.audioInfos[i])) {
             return false;
         }
-        env->SetObjectArrayElement(tracks, i, track);
-        env->DeleteLocalRef(track);
+        env->SetObjectArrayElement(tracks.get(), i, track.get());
     }
-    env->SetObjectField(result, id, tracks);
-    env->DeleteLocalRef(tracks);
+    env->SetObjectField(result, id, tracks.get());
     return true;
 }
 

@@ -6,6 +6,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -88,7 +89,7 @@ jobject demodInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
             Rec rec{};
             if (pij::bit0((p.*query)(rec)) == 0) return nullptr;
             pij::FieldIds ids;
-            ids.cls = env->FindClass(vc.path);
+            ids.own(env, env->FindClass(vc.path));
             if (ids.cls == nullptr) return nullptr;
             jobject obj = pij::allocate(env, ids);
             if (obj == nullptr ||

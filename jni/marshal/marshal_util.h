@@ -43,6 +43,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "core/scoped.h"
 #include "core/service_text.h"
 #include "marshal/value_classes.h"
 
@@ -92,10 +93,25 @@ constexpr const char* arraySignatureOf(Jt t) {
 // every class: the largest has 21 fields.
 constexpr size_t kMaxFields = 24;
 struct FieldIds {
+    FieldIds() = default;
+    FieldIds(const FieldIds&) = delete;
+    FieldIds& operator=(const FieldIds&) = delete;
+    // A class found by lookUp is this holder's local reference, deleted with it.
+    ~FieldIds() {
+        if (mOwner != nullptr) mOwner->DeleteLocalRef(cls);
+    }
+    void own(JNIEnv* env, jclass found) {
+        cls = found;
+        mOwner = found != nullptr ? env : nullptr;
+    }
+
     jclass cls = nullptr;
     jfieldID id[kMaxFields] = {};
     int failedRow = -1;  // the row whose lookup failed, or -1 (also when the class is missing)
     jfieldID operator[](size_t row) const { return id[row]; }
+
+private:
+    JNIEnv* mOwner = nullptr;
 };
 
 // What a custom row may need besides its record: the environment, the name the handler logs
@@ -228,16 +244,16 @@ struct ElementOf<Jt::I> {
 };
 
 // Sets `id` to a new array of the elements `src[0..N)`, each converted as C++ converts it
-// (signed bytes sign-extend, unsigned ones zero-extend), and deletes the local reference.
+// (signed bytes sign-extend, unsigned ones zero-extend); the array reference is dropped when it
+// returns.
 template <Jt J, typename T, size_t N>
 bool setArrayField(JNIEnv* env, jobject obj, jfieldID id, const T (&src)[N]) {
     using E = typename ElementOf<J>::Type;
     E elements[N];
     for (size_t i = 0; i < N; ++i) elements[i] = static_cast<E>(src[i]);
-    jarray array = newArray(env, elements, static_cast<jsize>(N));
-    if (array == nullptr) return false;  // no memory: the runtime's exception is pending
-    env->SetObjectField(obj, id, array);
-    env->DeleteLocalRef(array);
+    ScopedLocalRef<jarray> array(env, newArray(env, elements, static_cast<jsize>(N)));
+    if (array.get() == nullptr) return false;  // no memory: the runtime's exception is pending
+    env->SetObjectField(obj, id, array.get());
     return true;
 }
 
@@ -250,10 +266,9 @@ bool arrayOut(const Copy& c, jobject obj, jfieldID id, const Rec& rec) {
 // first (see core/service_text.h).
 template <typename Rec, typename T, T Rec::*M, Jt J>
 bool stringOut(const Copy& c, jobject obj, jfieldID id, const Rec& rec) {
-    jstring s = newStringFromService(c.env, (rec.*M).c_str(), c.caller);
-    if (s == nullptr) return false;  // no memory: the runtime's exception is pending
-    c.env->SetObjectField(obj, id, s);
-    c.env->DeleteLocalRef(s);
+    ScopedLocalRef<jstring> s(c.env, newStringFromService(c.env, (rec.*M).c_str(), c.caller));
+    if (s.get() == nullptr) return false;  // no memory: the runtime's exception is pending
+    c.env->SetObjectField(obj, id, s.get());
     return true;
 }
 
@@ -416,13 +431,12 @@ bool lookUpField(JNIEnv* env, const ValueClass<Rec>& vc, size_t row, FieldIds* i
     return false;
 }
 
-// Every field id of `vc` on the class `cls` (found by the caller), in the class's lookup
-// order or in `order` where a handler fetches them otherwise. Stops at the first failure.
+// Every field id of `vc` on the class in `ids` (null when it was not found), in the class's
+// lookup order or in `order` where a handler fetches them otherwise. Stops at the first
+// failure.
 template <typename Rec>
-bool lookUpOn(JNIEnv* env, jclass cls, const ValueClass<Rec>& vc, FieldIds* ids,
-              const uint8_t* order = nullptr) {
-    ids->cls = cls;
-    if (cls == nullptr) return false;  // the runtime's NoClassDefFoundError is pending
+bool lookUpFields(JNIEnv* env, const ValueClass<Rec>& vc, FieldIds* ids, const uint8_t* order) {
+    if (ids->cls == nullptr) return false;  // the runtime's NoClassDefFoundError is pending
     for (size_t k = 0; k < vc.count; ++k) {
         if (!lookUpField(env, vc, order != nullptr ? order[k] : vc.lookedUpAt(k), ids)) {
             return false;
@@ -431,10 +445,19 @@ bool lookUpOn(JNIEnv* env, jclass cls, const ValueClass<Rec>& vc, FieldIds* ids,
     return true;
 }
 
-// Finds the class by its path, then looks every field up as lookUpOn does.
+// Every field id of `vc` on `cls`, a class the caller holds.
+template <typename Rec>
+bool lookUpOn(JNIEnv* env, jclass cls, const ValueClass<Rec>& vc, FieldIds* ids,
+              const uint8_t* order = nullptr) {
+    ids->cls = cls;
+    return lookUpFields(env, vc, ids, order);
+}
+
+// Finds the class by its path (held by `ids`), then looks every field up.
 template <typename Rec>
 bool lookUp(JNIEnv* env, const ValueClass<Rec>& vc, FieldIds* ids, const uint8_t* order = nullptr) {
-    return lookUpOn(env, env->FindClass(vc.path), vc, ids, order);
+    ids->own(env, env->FindClass(vc.path));
+    return lookUpFields(env, vc, ids, order);
 }
 
 // ---- Copies ----

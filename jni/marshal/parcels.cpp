@@ -10,6 +10,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -45,11 +46,9 @@ android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
             ALOGE("[Error] clazz == NULL");
         } else {
             pij::clearMissingField(env, kParcel, ids);
-            env->DeleteLocalRef(ids.cls);
         }
         return nullptr;
     }
-    env->DeleteLocalRef(ids.cls);
     if (parcel == nullptr) return nullptr;
     ParcelPeer peer{};
     pij::toRecord(pij::Copy{env, "VndkGetParcelForJavaObject"}, parcel, kParcel, ids, peer);
@@ -129,9 +128,9 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyB
                 ALOGE("setProgramBISSKeyByNumber: negative key length %d refused", length);
                 return JNI_FALSE;
             }
-            const char* chars = env->GetStringUTFChars(key, nullptr);
-            if (chars == nullptr) return JNI_FALSE;  // out of memory; an error is pending
-            size_t available = std::strlen(chars);
+            pij::ScopedUtfChars chars(env, key);
+            if (chars.c_str() == nullptr) return JNI_FALSE;  // out of memory; an error is pending
+            size_t available = std::strlen(chars.c_str());
             if (static_cast<size_t>(length) > available) {
                 ALOGE("setProgramBISSKeyByNumber: key length %d past the %zu-byte key, cut", length,
                       available);
@@ -139,8 +138,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyB
             }
             // Zero-filled and never empty, even for a length of 0.
             std::unique_ptr<uint8_t[]> buffer(new uint8_t[static_cast<size_t>(length) + 1]());
-            std::memcpy(buffer.get(), chars, static_cast<size_t>(length));
-            env->ReleaseStringUTFChars(key, chars);
+            std::memcpy(buffer.get(), chars.c_str(), static_cast<size_t>(length));
             jboolean re =
                 pij::bit0(p.setProgramBISSKeyByNumber(program, type, buffer.get(), length));
             ALOGD("re = %d", re);

@@ -113,7 +113,6 @@ jboolean toPlayer(JNIEnv* env, jobject thiz, jobject info, const Site& site,
         if (!pij::lookUp(env, vc, &ids)) return JNI_FALSE;
         Rec rec{};
         if (!pij::toRecord(Copy{env, site.function}, info, vc, ids, rec)) return JNI_FALSE;
-        env->DeleteLocalRef(ids.cls);
         return pij::bit0(call(p, rec));
     });
 }
@@ -130,7 +129,6 @@ jobject fromPlayer(JNIEnv* env, jobject thiz, const Site& site, const char* what
         call(p, rec);
         jobject obj = pij::allocate(env, ids);
         if (obj == nullptr || !pij::toObject(Copy{env, what}, obj, vc, ids, rec)) return nullptr;
-        env->DeleteLocalRef(ids.cls);
         return obj;
     });
 }
