@@ -81,7 +81,7 @@ bool tracksOut(const Copy& c, jobject result, jfieldID id, const DtvAudioInfoRec
     // than by asking for the array: on the device's runtime NewObjectArray with a negative
     // length aborts the whole process instead of throwing.
     if (count < 0) {
-        char length[8];
+        char length[12];  // any int: a sign, ten digits and the NUL
         snprintf(length, sizeof length, "%d", count);
         env->ThrowNew(env->FindClass("java/lang/NegativeArraySizeException"), length);
         return false;
