@@ -19,6 +19,7 @@
 
 namespace pij {
 
+// The primitive types and their arrays stand in the same order (see arrayOf).
 enum class JniType : uint8_t {
     Void,
     Boolean,
@@ -76,51 +77,25 @@ PIJ_JNI_TYPE(jfloatArray, FloatArray);
 PIJ_JNI_TYPE(jdoubleArray, DoubleArray);
 #undef PIJ_JNI_TYPE
 
+// The primitive letters, in the order of JniType from Boolean and from BooleanArray.
+constexpr const char* kPrimitiveLetters = "ZBCSIJFD";
+
 // The type of a primitive letter, or Void for any other character.
 constexpr JniType primitiveOf(char c) {
-    switch (c) {
-        case 'Z':
-            return JniType::Boolean;
-        case 'B':
-            return JniType::Byte;
-        case 'C':
-            return JniType::Char;
-        case 'S':
-            return JniType::Short;
-        case 'I':
-            return JniType::Int;
-        case 'J':
-            return JniType::Long;
-        case 'F':
-            return JniType::Float;
-        case 'D':
-            return JniType::Double;
-        default:
-            return JniType::Void;
+    for (size_t i = 0; kPrimitiveLetters[i] != '\0'; ++i) {
+        if (kPrimitiveLetters[i] == c) {
+            return static_cast<JniType>(static_cast<size_t>(JniType::Boolean) + i);
+        }
     }
+    return JniType::Void;
 }
 
+// The array of an element type: a primitive array, or an array of references.
 constexpr JniType arrayOf(JniType element) {
-    switch (element) {
-        case JniType::Boolean:
-            return JniType::BooleanArray;
-        case JniType::Byte:
-            return JniType::ByteArray;
-        case JniType::Char:
-            return JniType::CharArray;
-        case JniType::Short:
-            return JniType::ShortArray;
-        case JniType::Int:
-            return JniType::IntArray;
-        case JniType::Long:
-            return JniType::LongArray;
-        case JniType::Float:
-            return JniType::FloatArray;
-        case JniType::Double:
-            return JniType::DoubleArray;
-        default:
-            return JniType::ObjectArray;
-    }
+    if (element < JniType::Boolean || element > JniType::Double) return JniType::ObjectArray;
+    return static_cast<JniType>(
+        static_cast<size_t>(JniType::BooleanArray) +
+        (static_cast<size_t>(element) - static_cast<size_t>(JniType::Boolean)));
 }
 
 constexpr bool startsWith(const char* s, const char* prefix) {
