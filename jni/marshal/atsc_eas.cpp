@@ -33,7 +33,6 @@ constexpr auto kExceptionLookup = pij::orderOf(kExceptionFields, "u16ExcMajorNum
                                                "u16ExcOOB_SrcID", "bInBandRef");
 constexpr auto kEasException = pij::valueClass(
     "com/vireo/android/tvapi/dtv/vo/VapiPsipEasException", kExceptionFields, &kExceptionLookup);
-PIJ_REGISTER_VALUE_CLASS(kEasException);
 
 constexpr Field<VapiPsipEasLocationCodeRec> kLocationFields[] = {
     PIJ_FIELD(VapiPsipEasLocationCodeRec, u8StateCode, I),
@@ -42,7 +41,6 @@ constexpr Field<VapiPsipEasLocationCodeRec> kLocationFields[] = {
 };
 constexpr auto kEasLocation =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode", kLocationFields);
-PIJ_REGISTER_VALUE_CLASS(kEasLocation);
 
 // The ids of the entry classes, in Copy::nested (see getEASInProgress).
 enum Nested { kNestedException, kNestedLocation };
@@ -98,7 +96,6 @@ constexpr Field<MwAtscEasInfoRec> kEasFields[] = {
 };
 constexpr auto kEasInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/MwAtscEasInfo", kEasFields);
-PIJ_REGISTER_VALUE_CLASS(kEasInfo);
 
 // The unsupported methods neither lock nor touch the player: a trace line, the report line.
 void reportUnsupported(const char* what, const char* fn, int line) {
@@ -106,7 +103,13 @@ void reportUnsupported(const char* what, const char* fn, int line) {
     pij::reportFatal(fn, line, pij::Exc::TvUnsupported);
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kEasException), PIJ_DESCRIBE(kEasLocation),
+                                          PIJ_DESCRIBE(kEasInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kAtscEasClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTSUpdateInfo(JNIEnv*, jobject, jint) {
     reportUnsupported("getTSUpdateInfo", __func__, kLineTsUpdateInfo);

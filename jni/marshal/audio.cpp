@@ -29,7 +29,6 @@ constexpr auto kLangLookup =
     pij::orderOf(kLangFields, "isoLangInfo", "audioMode", "audioType", "isValid");
 constexpr auto kLangIso639 =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/LangIso639", kLangFields, &kLangLookup);
-PIJ_REGISTER_VALUE_CLASS(kLangIso639);
 
 // The ids of the classes nested in DtvAudioInfo, in Copy::nested (see audioInfo).
 enum Nested { kNestedTrack, kNestedLang };
@@ -59,7 +58,6 @@ constexpr auto kTrackLookup = pij::orderOf(kTrackFields, "isoLangInfo", "audioPi
                                            "broadcastMixAd", "aacType", "aacProfileAndLevel");
 constexpr auto kAudioInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/AudioInfo", kTrackFields, &kTrackLookup);
-PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
 
 // The number of entries to convert. The record holds 16; a larger count would read past it,
 // so at most 16 are read, with an ERROR line. A negative count is returned as it is and
@@ -82,7 +80,7 @@ bool tracksOut(const Copy& c, jobject result, jfieldID id, const DtvAudioInfoRec
     // than by asking for the array: on the device's runtime NewObjectArray with a negative
     // length aborts the whole process instead of throwing.
     if (count < 0) {
-        char length[8];
+        char length[12];  // any int: a sign, ten digits and the NUL
         snprintf(length, sizeof length, "%d", count);
         ScopedLocalRef<jclass> refused(env, env->FindClass("java/lang/NegativeArraySizeException"));
         // Without the class its own NoClassDefFoundError is pending instead.
@@ -117,7 +115,6 @@ constexpr auto kDtvAudioLookup = pij::orderOf(kDtvAudioFields, "audioLangNum", "
                                               "currentAudioIndex", "currentChannelMode");
 constexpr auto kDtvAudioInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
                                                kDtvAudioFields, &kDtvAudioLookup);
-PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
 
 // Source lines the failure reports carry.
 constexpr int kLineAudioInfo = 2225;
@@ -136,7 +133,13 @@ jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
         });
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kLangIso639), PIJ_DESCRIBE(kAudioInfo),
+                                          PIJ_DESCRIBE(kDtvAudioInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kAudioClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo(JNIEnv* env, jobject thiz) {
     return audioInfo(env, thiz, __func__, kLineAudioInfo, "getAudioInfo",

@@ -41,12 +41,16 @@ constexpr pij::Field<CaptionOptionSettingRec> kCaptionFields[] = {
 };
 constexpr auto kCaptionOptionSetting =
     pij::valueClass("com/vireo/android/tvapi/common/vo/CaptionOptionSetting", kCaptionFields);
-PIJ_REGISTER_VALUE_CLASS(kCaptionOptionSetting);
 
 // Byte logo: the bytes, then A and B.
 constexpr jsize kLogoDataLength = kLogoCapacity + 2;
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kCaptionOptionSetting)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kCaptionLogoClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin(JNIEnv* env,
                                                                              jobject thiz,

@@ -23,7 +23,6 @@ constexpr Field<DtvDemodVersionRec> kVersionFields[] = {
 };
 constexpr auto kDemodVersion =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/DtvDemodVersion", kVersionFields);
-PIJ_REGISTER_VALUE_CLASS(kDemodVersion);
 
 // DtvDemodDvbtInfo: each id is fetched just before its field is set, in this order.
 constexpr Field<DtvDemodDvbtInfoRec> kDvbtFields[] = {
@@ -48,7 +47,6 @@ constexpr Field<DtvDemodDvbtInfoRec> kDvbtFields[] = {
 };
 constexpr auto kDvbtInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/dvbt/DtvDemodDvbtInfo", kDvbtFields);
-PIJ_REGISTER_VALUE_CLASS(kDvbtInfo);
 
 // DtvDemodDvbcInfo: likewise fetched and set one by one, in this order.
 constexpr Field<DtvDemodDvbcInfoRec> kDvbcFields[] = {
@@ -70,7 +68,6 @@ constexpr Field<DtvDemodDvbcInfoRec> kDvbcFields[] = {
 };
 constexpr auto kDvbcInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/dvbc/DtvDemodDvbcInfo", kDvbcFields);
-PIJ_REGISTER_VALUE_CLASS(kDvbcInfo);
 
 // Source lines the failure reports carry.
 constexpr int kLineVersion = 3270;
@@ -100,7 +97,13 @@ jobject demodInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
         });
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kDemodVersion), PIJ_DESCRIBE(kDvbtInfo),
+                                          PIJ_DESCRIBE(kDvbcInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kDemodClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion(JNIEnv* env,
                                                                               jobject thiz,

@@ -66,7 +66,6 @@ constexpr auto kEwbsInfoLookup =
     pij::orderOf(kEwbsInfoFields, "reqAreaCode", "returnCode", "titleType", "codeList", "dataLen");
 constexpr auto kEwbsInfo = pij::valueClass("com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
                                            kEwbsInfoFields, &kEwbsInfoLookup);
-PIJ_REGISTER_VALUE_CLASS(kEwbsInfo);
 
 struct EwbsOpInfoValues {
     int32_t reqOp;
@@ -80,7 +79,6 @@ constexpr Field<EwbsOpInfoValues> kEwbsOpInfoFields[] = {
 };
 constexpr auto kEwbsOpInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo", kEwbsOpInfoFields);
-PIJ_REGISTER_VALUE_CLASS(kEwbsOpInfo);
 
 // Signed 16-bit in the record: western and southern values stay negative. The name is set
 // last and fetched first.
@@ -93,9 +91,14 @@ constexpr auto kLocationLookup =
     pij::orderOf(kLocationFields, "locationName", "longitude", "latitude");
 constexpr auto kLocationInfo = pij::valueClass(
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/LocationInfo", kLocationFields, &kLocationLookup);
-PIJ_REGISTER_VALUE_CLASS(kLocationInfo);
+
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kEwbsInfo), PIJ_DESCRIBE(kEwbsOpInfo),
+                                          PIJ_DESCRIBE(kLocationInfo)};
 
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kIsdbClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo(JNIEnv* env, jobject thiz,
                                                                        jobject request,

@@ -8,7 +8,11 @@
 //         PIJ_FIELD(VideoArcInfoRec, bSetCusWin, Z),  // boolean bSetCusWin <- uint8_t
 //     };
 //     constexpr auto kVideoArcInfo = pij::valueClass("com/.../VideoArcInfo", kArcFields);
-//     PIJ_REGISTER_VALUE_CLASS(kVideoArcInfo);
+//
+// and each file lists its classes once, for the check tool (marshal/value_classes.h):
+//
+//     constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kVideoArcInfo), ...};
+//     constexpr pij::ManagedClassList pij::kPictureClasses = pij::classList(kClasses);
 //
 // The rows are listed in the order the fields are set (record -> object) or read (object ->
 // record). Where the handler fetches the field ids in another order, the class carries that
@@ -321,6 +325,10 @@ struct RowFor<P, M, J, MemberKind::Text> {
 
 }  // namespace pij
 
+// The constant description of the value class `vc` (a constexpr pij::ValueClass at namespace
+// scope) that the check tool reads: one entry of the list of classes its file defines.
+#define PIJ_DESCRIBE(vc) ::pij::Described<decltype(vc), vc>::describe()
+
 // The row of the managed field named like the record member `member` of `Rec`, of JNI type
 // `J` (Z, B, C, S, I, J or F for a number; the element's letter for an array member, which
 // becomes a new primitive array; L for a String8 member, which becomes a String). It is the
@@ -397,7 +405,9 @@ struct ValueClass {
     size_t count;
     const uint8_t* lookupOrder;  // null: the ids are fetched in the rows' order
 
-    size_t lookedUpAt(size_t k) const { return lookupOrder != nullptr ? lookupOrder[k] : k; }
+    constexpr size_t lookedUpAt(size_t k) const {
+        return lookupOrder != nullptr ? lookupOrder[k] : k;
+    }
 };
 
 template <typename Rec, size_t N>
@@ -407,16 +417,33 @@ constexpr ValueClass<Rec> valueClass(const char* path, const Field<Rec> (&rows)[
     return ValueClass<Rec>{path, rows, N, lookupOrder != nullptr ? lookupOrder->at : nullptr};
 }
 
-// The registry's view of a class: its path and, in lookup order, every field's name and type.
-template <typename Rec>
-ManagedClass managedClassOf(const ValueClass<Rec>& vc) {
-    ManagedClass mc{vc.path, {}};
-    for (size_t k = 0; k < vc.count; ++k) {
+// The check tool's view of a class: its path and, in lookup order, every field's name and
+// type, worked out by the compiler from the class's rows (see marshal/value_classes.h).
+template <size_t N>
+struct ManagedFields {
+    ManagedField at[N];
+};
+
+template <size_t N, typename Rec>
+constexpr ManagedFields<N> managedFieldsOf(const ValueClass<Rec>& vc) {
+    ManagedFields<N> out{};
+    for (size_t k = 0; k < N; ++k) {
         const Field<Rec>& f = vc.rows[vc.lookedUpAt(k)];
-        mc.fields.push_back(ManagedField{f.name, f.signature});
+        out.at[k].name = f.name;
+        out.at[k].signature = f.signature;
     }
-    return mc;
+    return out;
 }
+
+template <typename V, V& vc>
+struct Described {
+    static constexpr ManagedFields<vc.count> fields = managedFieldsOf<vc.count>(vc);
+    static constexpr ManagedClass describe() {
+        return ManagedClass{vc.path, ConstRange<ManagedField>{fields.at, vc.count}};
+    }
+};
+template <typename V, V& vc>
+constexpr ManagedFields<vc.count> Described<V, vc>::fields;
 
 // ---- Look-ups: the one place field ids are fetched ----
 

@@ -42,7 +42,6 @@ constexpr auto kCurrentMuxLookup =
                  "plpID", "lpCoding", "satID", "bandwidth", "polarityPilotsReserved");
 constexpr auto kDvbMuxInfo = pij::valueClass("com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
                                              kMuxFields, &kCurrentMuxLookup);
-PIJ_REGISTER_VALUE_CLASS(kDvbMuxInfo);
 constexpr uint8_t kByProgramLookup[] = {0, 1,  2,  3,  4,  5,  6,  7,  8,
                                         9, 10, 11, 12, 13, 14, 15, 16, 17};
 static_assert(sizeof kByProgramLookup == sizeof kMuxFields / sizeof kMuxFields[0],
@@ -55,7 +54,6 @@ constexpr Field<RfInfoRec> kRfFields[] = {
     PIJ_FIELD(RfInfoRec, rfName, L),
 };
 constexpr auto kRfInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/RfInfo", kRfFields);
-PIJ_REGISTER_VALUE_CLASS(kRfInfo);
 
 // Source lines the failure reports carry.
 constexpr int kLineRfInfo = 2389;
@@ -64,7 +62,12 @@ constexpr int kLineMuxByProgram = 2584;
 constexpr int kLineNitNoPlayer = 2944;
 constexpr int kLineNitRefused = 2950;
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kDvbMuxInfo), PIJ_DESCRIBE(kRfInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kMultiplexClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getRFInfo(JNIEnv* env, jobject thiz,
                                                                      jint type, jint index) {

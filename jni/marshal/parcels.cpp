@@ -32,9 +32,13 @@ struct ParcelPeer {
 };
 constexpr pij::Field<ParcelPeer> kParcelFields[] = {PIJ_FIELD(ParcelPeer, mNativePtr, J)};
 constexpr auto kParcel = pij::valueClass("android/os/Parcel", kParcelFields);
-PIJ_REGISTER_VALUE_CLASS(kParcel);
+
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kParcel)};
 
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kParcelClasses = pij::classList(kClasses);
 
 android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
     // Nothing is thrown into the managed caller: a class or field that is not there is

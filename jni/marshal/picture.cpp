@@ -21,7 +21,6 @@ constexpr Field<VideoArcInfoRec> kArcFields[] = {
 };
 constexpr auto kVideoArcInfo =
     pij::valueClass("com/vireo/android/tvapi/common/vo/VideoArcInfo", kArcFields);
-PIJ_REGISTER_VALUE_CLASS(kVideoArcInfo);
 
 // VideoInfo: the managed order puts the scan type before the mode index, unlike the record.
 constexpr Field<VideoInfoRec> kVideoFields[] = {
@@ -32,7 +31,6 @@ constexpr Field<VideoInfoRec> kVideoFields[] = {
 };
 constexpr auto kVideoInfo =
     pij::valueClass("com/vireo/android/tvapi/common/vo/VideoInfo", kVideoFields);
-PIJ_REGISTER_VALUE_CLASS(kVideoInfo);
 
 // DtvProgramSignalInfo: set in this order, the network name last; the ids are fetched in
 // the managed class's own order.
@@ -49,14 +47,19 @@ constexpr auto kSignalLookup = pij::orderOf(kSignalFields, "rfNumber", "modulati
                                             "quality", "strength", "symbolRate", "networkName");
 constexpr auto kSignalInfo = pij::valueClass(
     "com/vireo/android/tvapi/common/vo/DtvProgramSignalInfo", kSignalFields, &kSignalLookup);
-PIJ_REGISTER_VALUE_CLASS(kSignalInfo);
 
 // Source lines the failure reports carry.
 constexpr int kLineAspectRatio = 1384;
 constexpr int kLineVideoInfo = 1439;
 constexpr int kLineSignalInfo = 2907;
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kVideoArcInfo), PIJ_DESCRIBE(kVideoInfo),
+                                          PIJ_DESCRIBE(kSignalInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kPictureClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAspectRatio(JNIEnv* env,
                                                                           jobject thiz) {

@@ -75,7 +75,6 @@ constexpr auto kSatelliteLookup = pij::orderOf(
     "angle", "numberOfTp", "satelliteId", "channelId", "frequency", "mdu", "pin", "lnbIdx");
 constexpr auto kSatelliteInfo = pij::valueClass(
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/SatelliteInfo", kSatelliteFields, &kSatelliteLookup);
-PIJ_REGISTER_VALUE_CLASS(kSatelliteInfo);
 
 // The frequency is signed 32 bits and crosses bit for bit; the rest are unsigned. Each
 // managed value is read with the accessor of its declared type. (The service's own reader
@@ -92,7 +91,6 @@ constexpr Field<DvbsTransponderInfoRec> kTransponderFields[] = {
 };
 constexpr auto kTransponderInfo = pij::valueClass(
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/DvbsTransponderInfo", kTransponderFields);
-PIJ_REGISTER_VALUE_CLASS(kTransponderInfo);
 
 // Out of contract: a null value object has no fields to read (reading one is a fatal JNI
 // error). It is refused with an ERROR line and false; the player is not called.
@@ -133,7 +131,13 @@ jobject fromPlayer(JNIEnv* env, jobject thiz, const Site& site, const char* what
     });
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kSatelliteInfo),
+                                          PIJ_DESCRIBE(kTransponderInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kSatelliteClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getSatelliteInfo(JNIEnv* env,
                                                                             jobject thiz,
