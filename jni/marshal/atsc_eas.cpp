@@ -12,13 +12,6 @@
 
 namespace {
 
-// Source lines the failure reports carry, in the order of the methods in this file.
-constexpr int kLineTsUpdateInfo = 3668;
-constexpr int kLineEasProgressDone = 3681;
-constexpr int kLineEasAudioDesired = 3693;
-constexpr int kLineEasProgressStatus = 3705;
-constexpr int kLineEasInProgress = 3721;
-
 using pij::Copy;
 using pij::Field;
 
@@ -112,38 +105,37 @@ constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kEasException), PIJ_DESCR
 constexpr pij::ManagedClassList pij::kAtscEasClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTSUpdateInfo(JNIEnv*, jobject, jint) {
-    reportUnsupported("getTSUpdateInfo", __func__, kLineTsUpdateInfo);
+    reportUnsupported("getTSUpdateInfo", __func__, 3668);
     return nullptr;
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setEasProgressDone(JNIEnv*, jobject) {
-    reportUnsupported("setEasProgressDone", __func__, kLineEasProgressDone);
+    reportUnsupported("setEasProgressDone", __func__, 3681);
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setEasAudioDesired(JNIEnv*, jobject,
                                                                            jboolean) {
-    reportUnsupported("setEasAudioDesired", __func__, kLineEasAudioDesired);
+    reportUnsupported("setEasAudioDesired", __func__, 3693);
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEasProgressSatus(JNIEnv*, jobject) {
-    reportUnsupported("getEasProgressSatus", __func__, kLineEasProgressStatus);
+    reportUnsupported("getEasProgressSatus", __func__, 3705);
     return JNI_FALSE;
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEASInProgress(JNIEnv* env,
                                                                             jobject thiz) {
     ALOGD("getEASInProgress");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineEasInProgress, pij::Exc::TvIpc},
-                           jobject{}, [&](PlayerImpl& p) {
-                               MwAtscEasInfoRec rec{};  // cleared; the player fills all of it
-                               p.getEASInProgress(rec);
+    return pij::withPlayer(
+        env, thiz, pij::Site{__func__, 3721, pij::Exc::TvIpc}, jobject{}, [&](PlayerImpl& p) {
+            MwAtscEasInfoRec rec{};  // cleared; the player fills all of it
+            p.getEASInProgress(rec);
 
-                               // The alert's class, then its two entry classes, each with its ids.
-                               jobject obj =
-                                   pij::newObjectWithNested(env, "getEASInProgress", kEasInfo,
-                                                            kEasException, kEasLocation, rec);
-                               if (obj == nullptr) return obj;
-                               ALOGD("RETURN  jobject_EasInfo");
-                               return obj;
-                           });
+            // The alert's class, then its two entry classes, each with its ids.
+            jobject obj = pij::newObjectWithNested(env, "getEASInProgress", kEasInfo, kEasException,
+                                                   kEasLocation, rec);
+            if (obj == nullptr) return obj;
+            ALOGD("RETURN  jobject_EasInfo");
+            return obj;
+        });
 }

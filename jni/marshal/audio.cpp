@@ -116,10 +116,6 @@ constexpr auto kDtvAudioLookup = pij::orderOf(kDtvAudioFields, "audioLangNum", "
 constexpr auto kDtvAudioInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
                                                kDtvAudioFields, &kDtvAudioLookup);
 
-// Source lines the failure reports carry.
-constexpr int kLineAudioInfo = 2225;
-constexpr int kLineAudioInfoEx = 2307;
-
 template <typename Query>
 jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const char* what,
                   Query query) {
@@ -142,12 +138,10 @@ constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kLangIso639), PIJ_DESCRIB
 constexpr pij::ManagedClassList pij::kAudioClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo(JNIEnv* env, jobject thiz) {
-    return audioInfo(env, thiz, __func__, kLineAudioInfo, "getAudioInfo",
-                     &PlayerImpl::getAudioInfo);
+    return audioInfo(env, thiz, __func__, 2225, "getAudioInfo", &PlayerImpl::getAudioInfo);
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo_ex(JNIEnv* env,
                                                                            jobject thiz) {
-    return audioInfo(env, thiz, __func__, kLineAudioInfoEx, "getAudioInfo_ex",
-                     &PlayerImpl::getAudioInfo_ex);
+    return audioInfo(env, thiz, __func__, 2307, "getAudioInfo_ex", &PlayerImpl::getAudioInfo_ex);
 }

@@ -69,11 +69,6 @@ constexpr Field<DtvDemodDvbcInfoRec> kDvbcFields[] = {
 constexpr auto kDvbcInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/dvbc/DtvDemodDvbcInfo", kDvbcFields);
 
-// Source lines the failure reports carry.
-constexpr int kLineVersion = 3270;
-constexpr int kLineDvbt = 3378;
-constexpr int kLineDvbc = 3457;
-
 // The DVB-T and DVB-C queries: a false answer gives null without any log line; otherwise
 // the object is allocated first and each field is fetched and set in turn.
 template <typename Rec>
@@ -109,8 +104,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion(JN
                                                                               jobject thiz,
                                                                               jint type) {
     ALOGD("getDTVDemodVersion");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineVersion, pij::Exc::IllegalState},
-                           jobject{}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 3270, pij::Exc::IllegalState}, jobject{},
+                           [&](PlayerImpl& p) {
                                DtvDemodVersionRec rec{};
                                p.getDTVDemodVersion(type, rec);  // the answer is not looked at
                                return pij::newObject(env, "getDTVDemodVersion", kDemodVersion, rec);
@@ -119,12 +114,12 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion(JN
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBTInfo(JNIEnv* env,
                                                                             jobject thiz) {
-    return demodInfo(env, thiz, __func__, kLineDvbt, "getDemodDVBTInfo",
-                     &PlayerImpl::getDemodDVBTInfo, kDvbtInfo);
+    return demodInfo(env, thiz, __func__, 3378, "getDemodDVBTInfo", &PlayerImpl::getDemodDVBTInfo,
+                     kDvbtInfo);
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBCInfo(JNIEnv* env,
                                                                             jobject thiz) {
-    return demodInfo(env, thiz, __func__, kLineDvbc, "getDemodDVBCInfo",
-                     &PlayerImpl::getDemodDVBCInfo, kDvbcInfo);
+    return demodInfo(env, thiz, __func__, 3457, "getDemodDVBCInfo", &PlayerImpl::getDemodDVBCInfo,
+                     kDvbcInfo);
 }

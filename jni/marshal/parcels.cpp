@@ -18,14 +18,6 @@ namespace {
 using pij::Exc;
 using pij::Site;
 
-// Source lines of the failure reports (rows 111, 112, 114, 147 and 148; the conversion).
-constexpr int kLineParcelConversion = 111;
-constexpr int kLineGetRrt = 3890;
-constexpr int kLineResetRrt = 3912;
-constexpr int kLineGetVChipRating = 3940;
-constexpr int kLineGetAllBiss = 4770;
-constexpr int kLineSetBissKey = 4790;
-
 // The one field of the managed parcel the library reads: the address of its native parcel.
 struct ParcelPeer {
     int64_t mNativePtr;
@@ -58,7 +50,7 @@ android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
     pij::toRecord(pij::Copy{env, "VndkGetParcelForJavaObject"}, parcel, kParcel, ids, peer);
     const jlong value = peer.mNativePtr;
     if (value == 0) {
-        pij::reportFatal("VndkGetParcelForJavaObject", kLineParcelConversion, Exc::IllegalState);
+        pij::reportFatal("VndkGetParcelForJavaObject", 111, Exc::IllegalState);
         return nullptr;
     }
     // The line says "[Error]" but is what every successful conversion writes.
@@ -70,7 +62,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation
                                                                                  jobject thiz,
                                                                                  jobject reply) {
     ALOGD("getRRTInformation");
-    pij::withPlayer(env, thiz, Site{__func__, kLineGetRrt, Exc::TvUnsupported}, [&](PlayerImpl& p) {
+    pij::withPlayer(env, thiz, Site{__func__, 3890, Exc::TvUnsupported}, [&](PlayerImpl& p) {
         android::Parcel request;
         p.getRRTInformation(&request, VndkGetParcelForJavaObject(env, reply));
     });
@@ -81,8 +73,8 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformatio
                                                                                   jobject thiz,
                                                                                   jint, jint) {
     ALOGD("resetRrtInformation");
-    return pij::withPlayer(env, thiz, Site{__func__, kLineResetRrt, Exc::IllegalState},
-                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, Site{__func__, 3912, Exc::IllegalState}, jboolean{JNI_FALSE},
+                           [&](PlayerImpl& p) {
                                jboolean re = pij::bit0(p.resetRrtInformation());
                                ALOGD("re = %d", re);
                                return re;
@@ -92,8 +84,8 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformatio
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo(
     JNIEnv* env, jobject thiz, jobject request, jobject reply) {
     ALOGD("getRating");
-    return pij::withPlayer(env, thiz, Site{__func__, kLineGetVChipRating, Exc::IllegalState},
-                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, Site{__func__, 3940, Exc::IllegalState}, jboolean{JNI_FALSE},
+                           [&](PlayerImpl& p) {
                                android::Parcel* in = VndkGetParcelForJavaObject(env, request);
                                android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
                                // The whole answer byte, not only bit 0.
@@ -109,7 +101,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_common_PlayerImpl_getAllBISSProgramInfo(
                                                                                 jobject reply) {
     ALOGI("getAllBISSProgramInfo");
     android::sp<PlayerImpl> player = pij::acquirePlayer(env, thiz);
-    if (player == nullptr) pij::reportFatal(Site{__func__, kLineGetAllBiss, Exc::IllegalState});
+    if (player == nullptr) pij::reportFatal(Site{__func__, 4770, Exc::IllegalState});
     android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
     if (player == nullptr) pij::endProcessWithoutPlayer();
     player->getAllBISSProgramInfo(out);
@@ -119,7 +111,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyB
     JNIEnv* env, jobject thiz, jint program, jint type, jstring key, jint length) {
     ALOGD("setProgramBISSKeyByNumber");
     return pij::withPlayer(
-        env, thiz, Site{__func__, kLineSetBissKey, Exc::IllegalState}, jboolean{JNI_FALSE},
+        env, thiz, Site{__func__, 4790, Exc::IllegalState}, jboolean{JNI_FALSE},
         [&](PlayerImpl& p) -> jboolean {
             // Out of contract: the managed side passes a key text and its length. A null key
             // or a negative length is refused (false, the player is not called); a length

@@ -16,14 +16,6 @@ using pij::Exc;
 using pij::Field;
 using pij::Site;
 
-// Source lines of the failure reports, one per handler (rows 116 and 122 to 126).
-constexpr int kLineGetSatellite = 3976;
-constexpr int kLineGetTransponder = 4180;
-constexpr int kLineUpdateSatellite = 4216;
-constexpr int kLineAddSatellite = 4308;
-constexpr int kLineUpdateTransponder = 4282;
-constexpr int kLineAddTransponder = 4352;
-
 // The managed name into the record, copied whole (a satellite name has no length limit).
 bool satNameIn(const Copy& c, jobject info, jfieldID id, SatelliteInfoRec& rec) {
     ScopedLocalRef<jstring> name(c.env, static_cast<jstring>(c.env->GetObjectField(info, id)));
@@ -144,8 +136,7 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getSatelliteInfo(JNIE
                                                                             jint index) {
     ALOGD("getSatelliteInfo");
     return fromPlayer(
-        env, thiz, Site{__func__, kLineGetSatellite, Exc::IllegalState}, "getSatelliteInfo",
-        kSatelliteInfo,
+        env, thiz, Site{__func__, 3976, Exc::IllegalState}, "getSatelliteInfo", kSatelliteInfo,
         [&](PlayerImpl& p, SatelliteInfoRec& rec) { p.getSatelliteInfo(index, rec); });
 }
 
@@ -155,7 +146,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_updateSatelliteInfo(
                                                                                 jobject info) {
     ALOGD("updateSatelliteInfo");
     return toPlayer(
-        env, thiz, info, Site{__func__, kLineUpdateSatellite, Exc::IllegalState}, kSatelliteInfo,
+        env, thiz, info, Site{__func__, 4216, Exc::IllegalState}, kSatelliteInfo,
         [&](PlayerImpl& p, SatelliteInfoRec& rec) { return p.updateSatelliteInfo(index, rec); });
 }
 
@@ -163,8 +154,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_addSatelliteInfo(JNI
                                                                              jobject thiz,
                                                                              jobject info) {
     ALOGD("addSatelliteInfo");
-    return toPlayer(env, thiz, info, Site{__func__, kLineAddSatellite, Exc::IllegalState},
-                    kSatelliteInfo,
+    return toPlayer(env, thiz, info, Site{__func__, 4308, Exc::IllegalState}, kSatelliteInfo,
                     [&](PlayerImpl& p, SatelliteInfoRec& rec) { return p.addSatelliteInfo(rec); });
 }
 
@@ -173,9 +163,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTransponderInfo(JN
                                                                               jint satellite,
                                                                               jint index) {
     ALOGD("getTransponderInfo");
-    return fromPlayer(env, thiz, Site{__func__, kLineGetTransponder, Exc::IllegalState},
-                      "getTransponderInfo", kTransponderInfo,
-                      [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
+    return fromPlayer(env, thiz, Site{__func__, 4180, Exc::IllegalState}, "getTransponderInfo",
+                      kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
                           p.getTransponderInfo(satellite, index, rec);
                       });
 }
@@ -183,8 +172,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTransponderInfo(JN
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_updateTransponderInfo(
     JNIEnv* env, jobject thiz, jint satellite, jint index, jobject info) {
     ALOGD("updateTransponderInfo");
-    return toPlayer(env, thiz, info, Site{__func__, kLineUpdateTransponder, Exc::IllegalState},
-                    kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
+    return toPlayer(env, thiz, info, Site{__func__, 4282, Exc::IllegalState}, kTransponderInfo,
+                    [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
                         return p.updateTransponderInfo(satellite, index, rec);
                     });
 }
@@ -194,8 +183,8 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_addTransponderInfo(J
                                                                                jint satellite,
                                                                                jobject info) {
     ALOGD("addTransponderInfo");
-    return toPlayer(env, thiz, info, Site{__func__, kLineAddTransponder, Exc::IllegalState},
-                    kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
+    return toPlayer(env, thiz, info, Site{__func__, 4352, Exc::IllegalState}, kTransponderInfo,
+                    [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
                         return p.addTransponderInfo(satellite, rec);
                     });
 }
