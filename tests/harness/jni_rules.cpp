@@ -370,50 +370,32 @@ struct VaEnd {
 };
 
 // The variadic calls, judged as their va_list forms under their own names.
-#define PIJ_TYPES(X)                                                                            \
-    X(Object, jobject)                                                                          \
-    X(Boolean, jboolean)                                                                        \
-    X(Byte, jbyte) X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
+#define PIJ_TYPES(X)                                                             \
+    X(Object, jobject)                                                           \
+    X(Boolean, jboolean)                                                         \
+    X(Byte, jbyte)                                                               \
+    X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
         X(Double, jdouble) X(Void, void)
 
-#define PIJ_CALLS(T, R)                                                                           \
-    R JNICALL Call##T##Method(JNIEnv* env, jobject obj, jmethodID m, ...) {                       \
+// One variadic call: `Name` with the parameters before the method id, forwarded as `Name`V.
+#define PIJ_VARIADIC(R, Name, Params, ...)                                                        \
+    R JNICALL Name(JNIEnv* env, PIJ_UNPAREN Params, jmethodID m, ...) {                           \
         va_list ap;                                                                               \
         va_start(ap, m);                                                                          \
         VaEnd end{ap};                                                                            \
-        return Fn<decltype(&JNINativeInterface::Call##T##MethodV)>::judged<                       \
-            &JNINativeInterface::Call##T##MethodV>(                                               \
-            reinterpret_cast<uintptr_t>(__builtin_return_address(0)), "Call" #T "Method", env,    \
-            obj, m, ap);                                                                          \
-    }                                                                                             \
-    R JNICALL CallNonvirtual##T##Method(JNIEnv* env, jobject obj, jclass cls, jmethodID m, ...) { \
-        va_list ap;                                                                               \
-        va_start(ap, m);                                                                          \
-        VaEnd end{ap};                                                                            \
-        return Fn<decltype(&JNINativeInterface::CallNonvirtual##T##MethodV)>::judged<             \
-            &JNINativeInterface::CallNonvirtual##T##MethodV>(                                     \
-            reinterpret_cast<uintptr_t>(__builtin_return_address(0)),                             \
-            "CallNonvirtual" #T "Method", env, obj, cls, m, ap);                                  \
-    }                                                                                             \
-    R JNICALL CallStatic##T##Method(JNIEnv* env, jclass cls, jmethodID m, ...) {                  \
-        va_list ap;                                                                               \
-        va_start(ap, m);                                                                          \
-        VaEnd end{ap};                                                                            \
-        return Fn<decltype(&JNINativeInterface::CallStatic##T##MethodV)>::judged<                 \
-            &JNINativeInterface::CallStatic##T##MethodV>(                                         \
-            reinterpret_cast<uintptr_t>(__builtin_return_address(0)), "CallStatic" #T "Method",   \
-            env, cls, m, ap);                                                                     \
+        return Fn<decltype(&JNINativeInterface::Name##V)>::judged<&JNINativeInterface::Name##V>(  \
+            reinterpret_cast<uintptr_t>(__builtin_return_address(0)), #Name, env, __VA_ARGS__, m, \
+            ap);                                                                                  \
     }
+#define PIJ_UNPAREN(...) __VA_ARGS__
+#define PIJ_CALLS(T, R)                                                             \
+    PIJ_VARIADIC(R, Call##T##Method, (jobject obj), obj)                            \
+    PIJ_VARIADIC(R, CallNonvirtual##T##Method, (jobject obj, jclass cls), obj, cls) \
+    PIJ_VARIADIC(R, CallStatic##T##Method, (jclass cls), cls)
 PIJ_TYPES(PIJ_CALLS)
+PIJ_VARIADIC(jobject, NewObject, (jclass cls), cls)
 #undef PIJ_CALLS
-
-jobject JNICALL NewObject(JNIEnv* env, jclass cls, jmethodID m, ...) {
-    va_list ap;
-    va_start(ap, m);
-    VaEnd end{ap};
-    return Fn<decltype(&JNINativeInterface::NewObjectV)>::judged<&JNINativeInterface::NewObjectV>(
-        reinterpret_cast<uintptr_t>(__builtin_return_address(0)), "NewObject", env, cls, m, ap);
-}
+#undef PIJ_VARIADIC
 
 #define PIJ_HOOK(Name, flags) hook<&JNINativeInterface::Name>(#Name, flags)
 
@@ -475,11 +457,10 @@ void hookAll() {
     PIJ_HOOK(Release##T##ArrayElements, kEx); \
     PIJ_HOOK(Get##T##ArrayRegion, kNone);     \
     PIJ_HOOK(Set##T##ArrayRegion, kNone);
-#define PIJ_VALUE_TYPES(X)                                                       \
-    X(Boolean, jboolean)                                                         \
-    X(Byte, jbyte)                                                               \
-    X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
-        X(Double, jdouble)
+#define PIJ_VALUE_TYPES(X) \
+    X(Boolean, jboolean)   \
+    X(Byte, jbyte)         \
+    X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) X(Double, jdouble)
     PIJ_FIELDS(Object, jobject)
     PIJ_VALUE_TYPES(PIJ_FIELDS)
     PIJ_VALUE_TYPES(PIJ_PRIMITIVE_ARRAYS)
