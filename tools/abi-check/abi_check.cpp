@@ -6,15 +6,20 @@
 // Links: every symbol our library imports from the closed classes must be exported by one of
 // the two libraries under the same mangled name. Slots: the proxy's table of virtual operations
 // (and the listener's, where the closed library carries it) is read entry by entry through the
-// dynamic relocations and compared with the slot and parameter list of every operation our
-// header declares. One line per finding; the last line sums up.
+// dynamic relocations (plain, Android packed or RELR) and compared with the slot and parameter
+// list of every operation our header declares. One line per finding; the last line sums up.
 //
 // Exit status: 0 everything matches; 1 a mismatch; 2 a file could not be read; 3 the links
-// match but the proxy's table could not be read, so the slots are unchecked.
+// match but the proxy's table is not exported, so the slots are unchecked.
+//
+// A hidden option, --decode-packed FILE, prints the relocations of a raw Android packed stream
+// (for the tests of the decoder); status 2 when the stream cannot be decoded.
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <map>
@@ -24,6 +29,7 @@
 
 #include "declared.h"
 #include "elf_image.h"
+#include "packed_relocations.h"
 
 namespace abi_check {
 namespace {
@@ -288,14 +294,6 @@ void checkTable(const DeclaredTable& declared, const std::vector<const ElfImage*
         }
         return;
     }
-    if (!owner->relocationNote().empty()) {
-        std::printf("LINKS ONLY %s: %s %s, so the slots of %s are not checked; only links are\n",
-                    cls.c_str(), baseName(owner->path()).c_str(), owner->relocationNote().c_str(),
-                    declared.tableSymbol.c_str());
-        if (!declared.implementedByUs) report.linksOnly = true;
-        return;
-    }
-
     std::string note;
     std::vector<Entry> entries = readTable(*owner, *table, note);
     if (!note.empty()) report.info(cls + ": " + note);
@@ -382,7 +380,36 @@ void checkTable(const DeclaredTable& declared, const std::vector<const ElfImage*
                 std::to_string(declared.length) + " in our header");
 }
 
+// --decode-packed FILE: one line per relocation of the raw stream in FILE.
+int decodePackedFile(const char* path) {
+    std::FILE* file = std::fopen(path, "rb");
+    if (file == nullptr) {
+        std::printf("ERROR %s: cannot open: %s\n", path, std::strerror(errno));
+        return kUnreadable;
+    }
+    std::vector<uint8_t> bytes;
+    uint8_t buffer[4096];
+    for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
+        bytes.insert(bytes.end(), buffer, buffer + n);
+    }
+    std::fclose(file);
+    std::vector<RawRelocation> relocations;
+    std::string error;
+    if (!decodeAndroidPacked(bytes.data(), bytes.size(), relocations, error)) {
+        std::printf("ERROR %s: %s\n", path, error.c_str());
+        return kUnreadable;
+    }
+    for (const RawRelocation& r : relocations) {
+        std::printf("offset 0x%llx type %u symbol %u addend %lld\n",
+                    static_cast<unsigned long long>(r.offset), static_cast<unsigned>(r.info),
+                    static_cast<unsigned>(r.info >> 32), static_cast<long long>(r.addend));
+    }
+    std::printf("%zu relocations\n", relocations.size());
+    return kMatch;
+}
+
 int run(int argc, char** argv) {
+    if (argc == 3 && std::strcmp(argv[1], "--decode-packed") == 0) return decodePackedFile(argv[2]);
     std::vector<std::string> closedPaths;
     std::string libraryPath;
     for (int i = 1; i < argc; ++i) {
