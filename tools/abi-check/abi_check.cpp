@@ -7,10 +7,13 @@
 // the two libraries under the same mangled name. Slots: the proxy's table of virtual operations
 // (and the listener's, where the closed library carries it) is read entry by entry through the
 // dynamic relocations (plain, Android packed or RELR) and compared with the slot and parameter
-// list of every operation our header declares. One line per finding; the last line sums up.
+// list of every operation our header declares. A slot whose operation has the same name and
+// parameters that differ only in spelling the calling convention treats alike is COMPATIBLE,
+// not a failure. One line per finding; the last line counts failures and compatible slots.
 //
-// Exit status: 0 everything matches; 1 a mismatch; 2 a file could not be read; 3 the links
-// match but the proxy's table is not exported, so the slots are unchecked.
+// Exit status: 0 everything matches (compatible slots included); 1 a mismatch; 2 a file could
+// not be read; 3 the links match but the proxy's table is not exported, so the slots are
+// unchecked.
 //
 // A hidden option, --decode-packed FILE, prints the relocations of a raw Android packed stream
 // (for the tests of the decoder); status 2 when the stream cannot be decoded.
@@ -24,9 +27,11 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "calling_convention.h"
 #include "declared.h"
 #include "elf_image.h"
 #include "packed_relocations.h"
@@ -38,10 +43,15 @@ enum Status { kMatch = 0, kMismatch = 1, kUnreadable = 2, kLinksOnly = 3 };
 
 struct Report {
     int failures = 0;
+    int compatible = 0;
     bool linksOnly = false;
     void fail(const std::string& line) {
         std::printf("FAIL %s\n", line.c_str());
         ++failures;
+    }
+    void compatibleSlot(const std::string& line) {
+        std::printf("COMPATIBLE %s\n", line.c_str());
+        ++compatible;
     }
     void info(const std::string& line) { std::printf("INFO %s\n", line.c_str()); }
 };
@@ -253,18 +263,23 @@ std::vector<Entry> readTable(const ElfImage& image, const Symbol& table, std::st
                               all.begin() + static_cast<long>(end));
 }
 
-// Does the entry hold the operation: same unqualified name and the same parameter list. The
-// class is not compared, so an operation the proxy inherits from a base class still matches.
-enum class Fit { Same, OtherParams, Other };
-Fit fit(const Entry& entry, const DeclaredOperation& op, std::string& closest) {
+// Does the entry hold the operation: same unqualified name and the same parameter list, or one
+// the calling convention sees as the same (Compatible). The class is not compared, so an
+// operation the proxy inherits from a base class still matches.
+enum class Fit { Same, Compatible, OtherParams, Other };
+Fit fit(const Entry& entry, const DeclaredOperation& op, const std::set<std::string>& intEnums,
+        std::string& closest) {
     closest = entry.shown();
     Fit best = Fit::Other;
     for (const std::string& name : entry.names) {
         std::string qualified, params;
         if (!splitSignature(name, qualified, params) || unqualified(qualified) != op.name) continue;
         if (params == op.params) return Fit::Same;
-        best = Fit::OtherParams;
-        closest = name;
+        Fit here = sameCall(params, op.params, intEnums) ? Fit::Compatible : Fit::OtherParams;
+        if (best == Fit::Other || here == Fit::Compatible) {
+            best = here;
+            closest = name;
+        }
     }
     return best;
 }
@@ -343,8 +358,12 @@ void checkTable(const DeclaredTable& declared, const std::vector<const ElfImage*
             continue;
         }
         std::string closest;
-        switch (fit(entry, op, closest)) {
+        switch (fit(entry, op, declared.intEnums, closest)) {
             case Fit::Same:
+                break;
+            case Fit::Compatible:
+                report.compatibleSlot(at + ": library has " + closest + "; our header declares " +
+                                      ours);
                 break;
             case Fit::OtherParams:
                 report.fail(at + ": library has " + closest + "; our header declares " + ours +
@@ -459,15 +478,21 @@ int run(int argc, char** argv) {
     checkTable(declaredProxy(), closed, report);
     checkTable(declaredListener(), closed, report);
 
+    std::string counts = std::to_string(report.failures) +
+                         (report.failures == 1 ? " failure, " : " failures, ") +
+                         std::to_string(report.compatible) +
+                         (report.compatible == 1 ? " compatible slot" : " compatible slots");
     if (report.failures > 0) {
-        std::printf("FAILED: %d findings\n", report.failures);
+        std::printf("FAILED: %s\n", counts.c_str());
         return kMismatch;
     }
     if (report.linksOnly) {
-        std::printf("LINKS ONLY: the links match; the slot order was not checked\n");
+        std::printf("LINKS ONLY: %s; the links match, the slot order was not checked\n",
+                    counts.c_str());
         return kLinksOnly;
     }
-    std::printf("OK: links and slots match our headers\n");
+    std::printf("OK: %s; links and slots match our headers%s\n", counts.c_str(),
+                report.compatible > 0 ? " as the calling convention sees them" : "");
     return kMatch;
 }
 
