@@ -11,11 +11,12 @@
 
 #include "core/PlayerImpl.h"
 #include "core/parcel.h"
+#include "double/fake_player.h"
 #include "harness/fields.h"
+#include "harness/jni_rules.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
 #include "marshal/caption_logo.h"
-#include "double/fake_player.h"
 
 namespace {
 
@@ -248,6 +249,21 @@ TEST_F(ParcelsLogos, ArgbLogoCarriesItsSizesInFrontAndStaysInItsBuffer) {
     EXPECT_EQ(th::logsContaining("refused").size(), 5u) << th::dumpLogs();
     fake->setResult(th::Op::getChannelLogoARGB, 0);
     EXPECT_TRUE(fetch(0, 0).empty());
+}
+
+// Without memory for the logo's array, both logos give the caller null and the runtime's
+// OutOfMemoryError, and nothing is written into the array that was not made.
+TEST_F(ParcelsLogos, ALogoArrayTheRuntimeCannotMakeStopsTheCall) {
+    if (!th::jni_rules::installed()) GTEST_SKIP() << "failures are made by the JNI rules layer";
+    fake->setResult(th::Op::getLogoData, 1);
+    fake->setResult(th::Op::getChannelLogoARGB, 1);
+    for (const char* logo : {"getLogoData", "getChannelLogoARGB"}) {
+        th::jni_rules::failNextCall("NewIntArray");
+        JNIEnv* e = th::env();
+        jobject result = e->CallObjectMethod(player, th::playerMethod(logo, "()[I"));
+        EXPECT_EQ(result, nullptr) << logo;
+        EXPECT_EQ(th::takeExceptionName(), "java.lang.OutOfMemoryError") << logo;
+    }
 }
 
 // ---- Without a player ----

@@ -21,24 +21,6 @@ namespace {
 
 const std::string kVo = "com/vireo/android/tvapi/";
 
-// The class name of the exception the managed caller would meet, cleared; "none" without.
-std::string takeException(JNIEnv* e) {
-    jthrowable t = e->ExceptionOccurred();
-    if (t == nullptr) return "none";
-    e->ExceptionClear();
-    jclass cls = e->GetObjectClass(t);
-    jclass classClass = e->FindClass("java/lang/Class");
-    jmethodID getName = e->GetMethodID(classClass, "getName", "()Ljava/lang/String;");
-    auto name = static_cast<jstring>(e->CallObjectMethod(cls, getName));
-    if (e->ExceptionCheck()) return "unnamed";  // getName does not throw
-    std::string out = th::toStdString(name);
-    e->DeleteLocalRef(name);
-    e->DeleteLocalRef(classClass);
-    e->DeleteLocalRef(cls);
-    e->DeleteLocalRef(t);
-    return out;
-}
-
 // In the child: each call through the managed player, one RESULT line per call with what the
 // caller got, the exception it met and how often the player was asked.
 class MismatchChild : public th::PlayerTest {};
@@ -54,7 +36,7 @@ TEST_F(MismatchChild, CallsOnClassesLackingAField) {
         player, th::playerMethod("native_getAspectRatio",
                                  ("()L" + kVo + "common/vo/VideoArcInfo;").c_str()));
     printf("RESULT getAspectRatio %s %s\n", arc == nullptr ? "null" : "object",
-           takeException(e).c_str());
+           th::takeExceptionName().c_str());
 
     // Object -> record: SatelliteInfo lacks pin, CaptionOptionSetting lacks its edge colour.
     // Each object is filled so that only the missing field stands in the way.
@@ -65,7 +47,7 @@ TEST_F(MismatchChild, CallsOnClassesLackingAField) {
         th::playerMethod("addSatelliteInfo",
                          ("(L" + kVo + "dtv/dvb/dvbs/vo/SatelliteInfo;)Z").c_str()),
         sat);
-    printf("RESULT addSatelliteInfo %d %s calls %zu\n", added, takeException(e).c_str(),
+    printf("RESULT addSatelliteInfo %d %s calls %zu\n", added, th::takeExceptionName().c_str(),
            fake->callsOf(th::Op::addSatelliteInfo).size());
 
     jobject caption = th::newObject((kVo + "common/vo/CaptionOptionSetting").c_str());
@@ -74,14 +56,14 @@ TEST_F(MismatchChild, CallsOnClassesLackingAField) {
         th::playerMethod("drawPreviewCCWin",
                          ("(L" + kVo + "common/vo/CaptionOptionSetting;)Z").c_str()),
         caption);
-    printf("RESULT drawPreviewCCWin %d %s calls %zu\n", drawn, takeException(e).c_str(),
+    printf("RESULT drawPreviewCCWin %d %s calls %zu\n", drawn, th::takeExceptionName().c_str(),
            fake->callsOf(th::Op::drawPreviewCCWin).size());
 
     // The thread goes on as before: a class that matches still comes back whole.
     jobject video = e->CallObjectMethod(
         player, th::playerMethod("getVideoInfo", ("()L" + kVo + "common/vo/VideoInfo;").c_str()));
     printf("RESULT getVideoInfo %s %s\n", video == nullptr ? "null" : "object",
-           takeException(e).c_str());
+           th::takeExceptionName().c_str());
 
     // An event on a service thread: the shared DtvEventScan lacks signalQuality. The event is
     // dropped; the HbbTV event after it on the same thread still arrives.

@@ -331,6 +331,25 @@ void judge(Call& c, A... a) {
     (judgeArgument(c, a), ...);
 }
 
+// ---- Failures made on purpose ----
+
+// The JNI function whose next judged call fails as the VM fails it without memory: null, with
+// an OutOfMemoryError pending.
+std::atomic<const char*> gFailNext{nullptr};
+
+bool takeFailure(const char* function) {
+    const char* armed = gFailNext.load();
+    return armed != nullptr && strcmp(armed, function) == 0 &&
+           gFailNext.compare_exchange_strong(armed, nullptr);
+}
+
+template <typename R>
+R outOfMemory(JNIEnv* env) {
+    OwnLocal oom{env, gOriginal.FindClass(env, "java/lang/OutOfMemoryError")};
+    gOriginal.ThrowNew(env, static_cast<jclass>(oom.ref), "made to fail by the test");
+    return nullptr;
+}
+
 // ---- The wrappers ----
 
 template <auto M>
@@ -347,6 +366,9 @@ struct Fn<R (*JNINativeInterface::*)(JNIEnv*, A...)> {
         if (const Library* lib = judgedLibrary(pc)) {
             Call c{env, name, pc, lib, gFlags<M>, nullptr, nullptr};
             judge(c, a...);
+            if constexpr (std::is_pointer<R>::value) {
+                if (takeFailure(name)) return outOfMemory<R>(env);
+            }
         }
         return (gOriginal.*M)(env, a...);
     }
@@ -370,12 +392,12 @@ struct VaEnd {
 };
 
 // The variadic calls, judged as their va_list forms under their own names.
-#define PIJ_TYPES(X)                                                             \
-    X(Object, jobject)                                                           \
-    X(Boolean, jboolean)                                                         \
-    X(Byte, jbyte)                                                               \
-    X(Char, jchar) X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) \
-        X(Double, jdouble) X(Void, void)
+#define PIJ_TYPES(X)     \
+    X(Object, jobject)   \
+    X(Boolean, jboolean) \
+    X(Byte, jbyte)       \
+    X(Char, jchar)       \
+    X(Short, jshort) X(Int, jint) X(Long, jlong) X(Float, jfloat) X(Double, jdouble) X(Void, void)
 
 // One variadic call: `Name` with the parameters before the method id, forwarded as `Name`V.
 #define PIJ_VARIADIC(R, Name, Params, ...)                                                        \
@@ -536,6 +558,8 @@ bool install(JavaVM* vm) {
 }
 
 bool installed() { return gInstalled; }
+
+void failNextCall(const char* function) { gFailNext.store(function); }
 
 }  // namespace jni_rules
 }  // namespace th

@@ -31,5 +31,11 @@ namespace jni_rules {
 bool install(JavaVM* vm);
 bool installed();
 
+// The next call of the JNI function named (its exact name, e.g. "NewIntArray") that a judged
+// library makes fails as it does when the VM has no memory: it returns null with an
+// OutOfMemoryError pending, and the VM is not asked. Only functions that return a reference;
+// `function` must stay valid until the call.
+void failNextCall(const char* function);
+
 }  // namespace jni_rules
 }  // namespace th

@@ -315,6 +315,24 @@ void failOnPendingException() {
     }
 }
 
+std::string takeExceptionName() {
+    JNIEnv* e = env();
+    jthrowable t = e->ExceptionOccurred();
+    if (t == nullptr) return "none";
+    e->ExceptionClear();
+    jclass cls = e->GetObjectClass(t);
+    jclass classClass = e->FindClass("java/lang/Class");
+    jmethodID getName = e->GetMethodID(classClass, "getName", "()Ljava/lang/String;");
+    auto name = static_cast<jstring>(e->CallObjectMethod(cls, getName));
+    std::string out = e->ExceptionCheck() ? "unnamed" : toStdString(name);
+    e->ExceptionClear();
+    e->DeleteLocalRef(name);
+    e->DeleteLocalRef(classClass);
+    e->DeleteLocalRef(cls);
+    e->DeleteLocalRef(t);
+    return out;
+}
+
 jmethodID playerMethod(const char* name, const char* sig) {
     jmethodID m = env()->GetMethodID(playerClass(), name, sig);
     if (m == nullptr) {

@@ -62,6 +62,9 @@ jclass playerClass();
 jobject newPlayer();
 jint staticInt(const char* field);  // a TVPLAYER_ code by name
 void failOnPendingException();      // describes, clears and fails the test
+// The class name of the pending exception ("java.lang.NoSuchFieldError"), cleared; "none"
+// without one.
+std::string takeExceptionName();
 
 // Calls a method of the managed player object by name and signature, then checks for a
 // pending exception (fails the test and clears it). Use these rather than raw Call*Method:
