@@ -4,12 +4,12 @@
 
 #include "core/context.h"
 
-#include <algorithm>
 #include <thread>
 #include <vector>
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/player_owner.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
 #include "surface/video_surface.h"
@@ -62,35 +62,39 @@ void deleteScanObjects(JNIEnv* env) {
     deleteGlobal(env, gScan.dtv);
 }
 
-// Players that a native_finalize is tearing down, under the global lock. A second
-// native_finalize of the same object, at once on another thread or re-entered from an event
-// the proxy fires inside disconnect(), finds its player here and goes the way a later call
-// does, without a player: the proxy is disconnected once.
-std::vector<const PlayerImpl*>& finalizing() {
-    // Never destroyed: a managed thread may still finalize while the process exits.
-    static auto* const players = new std::vector<const PlayerImpl*>();
-    return *players;
-}
-
 // The frame's acquisition for native_finalize: the object's player, unless it has none or
-// another native_finalize already has it.
+// another native_finalize already has it. That one, at once on another thread or re-entered
+// from an event the proxy fires inside disconnect(), goes the way a later call does, without
+// a player: the proxy is disconnected once. An object without a player (suspended, or
+// finalised before) has nothing left to tear down but its owner, which goes now.
 android::sp<PlayerImpl> claimPlayerToFinalize(JNIEnv* env, jobject thiz) {
     if (gPlayerFields.context == nullptr) return nullptr;  // before native_init
-    android::sp<PlayerImpl> player;
-    GlobalLockGuard guard;
-    auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
-    auto& claimed = finalizing();
-    if (p != nullptr && std::find(claimed.begin(), claimed.end(), p) == claimed.end()) {
-        claimed.push_back(p);
-        player = p;
+    RetiredOwner retired;  // declared before the guard: destroyed after the lock
+    GlobalLockGuard lock;
+    PlayerOwner* owner = findOwner(lock, env, thiz);
+    if (owner != nullptr && owner->finalizing) return nullptr;
+    android::sp<PlayerImpl> player = playerOf(lock, env, thiz);
+    if (player == nullptr) {
+        retired = retireOwner(lock, env, thiz);
+    } else if ((owner = ownerFor(lock, env, thiz)) != nullptr) {
+        owner->finalizing = true;
     }
     return player;  // a player is never released here: the field still holds it
 }
 
-void finalized(const PlayerImpl* player) {
-    GlobalLockGuard guard;
-    auto& claimed = finalizing();
-    claimed.erase(std::find(claimed.begin(), claimed.end(), player));
+// The end of native_finalize: the owner goes, and with it the reference of a producer bound
+// while the player was being torn down.
+void finalized(JNIEnv* env, jobject thiz) {
+    RetiredOwner retired;  // declared before the guard: destroyed after the lock
+    GlobalLockGuard lock;
+    retired = retireOwner(lock, env, thiz);
+}
+
+// Owners of objects the runtime collected without a native_finalize.
+void forgetCollectedObjects(JNIEnv* env) {
+    std::vector<RetiredOwner> retired;  // declared before the guard: destroyed after the lock
+    GlobalLockGuard lock;
+    retired = retireCollected(lock, env);
 }
 
 }  // namespace
@@ -129,6 +133,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env
 
     android::sp<JNIVSrvListener> listener = new JNIVSrvListener(env, thiz, weakThis);
     player->setListener(android::sp<PlayerImplListener>(listener.get()));
+    forgetCollectedObjects(env);
     setPlayer(env, thiz, player);  // the returned old proxy, if any, is dropped here
 }
 
@@ -147,15 +152,19 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* 
         old->setListener(nullptr);
     }
     deleteScanObjects(env);
-    finalized(player.get());
+    finalized(env, thiz);
 }
 
 // For other native code of the system: forget the player without disconnecting it. The
-// field's strong reference is kept on purpose, so the proxy and its listener stay alive.
+// field's strong reference is kept on purpose, so the proxy and its listener stay alive, and
+// so is the producer bound for the object: the next bind after a new native_setup drops it,
+// or native_finalize does. A bind under way with the forgotten player drops its own.
 PIJ_EXPORT void suspend(JNIEnv* env, jobject thiz) {
     ALOGD("playerimpl suspend");
     if (gPlayerFields.context != nullptr) {  // before native_init there is no player to forget
+        GlobalLockGuard lock;
         env->SetLongField(thiz, gPlayerFields.context, 0);
+        newGeneration(lock, env, thiz, false);
     }
     deleteScanObjects(env);
 }

@@ -7,7 +7,10 @@
 
 namespace pij {
 
-// Members of com/vireo/android/tvapi/impl/PlayerImpl cached by native_init.
+// The managed player class: the table is registered on it and native_init reads its members.
+constexpr char kPlayerClass[] = "com/vireo/android/tvapi/impl/PlayerImpl";
+
+// Members of the managed player class cached by native_init.
 struct PlayerFields {
     jfieldID surfaceTexture = nullptr;  // mNativeSurfaceTexture "J"
     jfieldID context = nullptr;         // mNativeContext "J"

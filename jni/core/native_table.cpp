@@ -10,8 +10,6 @@
 namespace pij {
 namespace {
 
-const char* const kPlayerClass = "com/vireo/android/tvapi/impl/PlayerImpl";
-
 // One row of the table: managed name, signature, handler. Local to this table.
 #define PIJ_NATIVE(name, signature, handler) {name, signature, reinterpret_cast<void*>(handler)}
 #define PIJ_VO "Lcom/vireo/android/tvapi/"

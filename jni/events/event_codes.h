@@ -93,7 +93,8 @@ inline jint eventCode(EventCode c) { return gEventCodes[c]; }
 extern const char* const kEventCodeFields[];
 extern const int kEventCodeFieldCount;
 
-// Step 5 of native_init.
+// Reads the 63 TVPLAYER_* codes from the managed player class (native_init, after it has
+// found postEventFromNative).
 void readEventCodes(JNIEnv* env, jclass playerClass);
 
 }  // namespace pij
