@@ -27,6 +27,10 @@ namespace {
 const char* const kAtvScanClass = "com/vireo/android/tvapi/atv/vo/AtvEventScan";
 const char* const kDtvScanClass = "com/vireo/android/tvapi/dtv/vo/DtvEventScan";
 
+// Source lines of the failure reports.
+constexpr int kLineSetupNoPlayer = 1260;
+constexpr int kLineFinalizeNoPlayer = 1296;
+
 // Finds a scan class and makes one object of it with its no-argument constructor; both
 // kept as global references. Failures are not checked here: a missing class leaves the
 // runtime's pending exception for the managed caller.
@@ -45,9 +49,10 @@ void makeScanObject(JNIEnv* env, const char* path, std::atomic<jclass>& cls,
 
 template <typename T>
 void deleteGlobal(JNIEnv* env, std::atomic<T>& slot) {
-    T ref = slot.exchange(nullptr);
+    // Sequentially consistent, as the readers' side: see ScanObjects::readers.
+    T ref = slot.exchange(nullptr, std::memory_order_seq_cst);
     if (ref != nullptr) {
-        while (gScan.readers.load() != 0) {
+        while (gScan.readers.load(std::memory_order_seq_cst) != 0) {
             std::this_thread::yield();  // a scan event is taking its own reference
         }
         env->DeleteGlobalRef(ref);
@@ -125,7 +130,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env
     }
     android::sp<PlayerImpl> player = PlayerImpl::connect();
     if (player == nullptr) {
-        reportFatal(__func__, 1260, Exc::Runtime);
+        reportFatal(__func__, kLineSetupNoPlayer, Exc::Runtime);
         return;
     }
     makeScanObject(env, kAtvScanClass, gScan.atvClass, gScan.atv);
@@ -143,7 +148,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* 
 
     android::sp<PlayerImpl> player = claimPlayerToFinalize(env, thiz);
     if (player == nullptr) {
-        reportFatal(__func__, 1296, Exc::TvIpc);
+        reportFatal(__func__, kLineFinalizeNoPlayer, Exc::TvIpc);
         return;
     }
     player->disconnect();

@@ -35,7 +35,13 @@ struct ScanObjects {
     std::atomic<jclass> dtvClass{nullptr};
     std::atomic<jobject> dtv{nullptr};
     // Service threads between reading a slot and holding their own local reference to it;
-    // a slot's global reference is deleted only once none is left.
+    // a slot's global reference is deleted only once none is left. This gate is correct only
+    // because every access to the slots and to this count is sequentially consistent: a
+    // reader counts itself, then loads a slot; the deleting side empties the slot, then
+    // loads the count. In the one order of those four operations, either the reader's load
+    // comes after the slot was emptied (it finds null) or its count comes before the count
+    // is loaded (the deleting side waits for it). Acquire and release alone would let both
+    // loads see the old values, and the reader copy a reference being deleted.
     std::atomic<int> readers{0};
 };
 extern ScanObjects gScan;
