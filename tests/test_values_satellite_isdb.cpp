@@ -93,6 +93,29 @@ TEST_F(ValuesSatelliteIsdb, SatelliteFieldsCrossBothWaysEachToItsOwnPlace) {
     th::env()->DeleteLocalRef(sat);
 }
 
+// mdu is the one managed boolean reduced on its way to the service: whatever byte the field
+// holds, add and update give the record 1 for any non-zero byte and 0 for 0.
+TEST_F(ValuesSatelliteIsdb, TheSatelliteFlagReachesThePlayerAsZeroOrOne) {
+    std::vector<int> seen;
+    auto record = [&](const th::OutArgs& o) { seen.push_back(o.at<SatelliteInfoRec>(0).mdu); };
+    fake->onCall(th::Op::addSatelliteInfo, record);
+    fake->onCall(th::Op::updateSatelliteInfo, record);
+    jclass raw = th::findClass("com/vireo/test/RawBoolean");
+    jmethodID put =
+        th::env()->GetStaticMethodID(raw, "put", "(Ljava/lang/Object;Ljava/lang/String;B)V");
+    jobject sat = th::newObject(kSat);
+    jstring mdu = th::env()->NewStringUTF("mdu");
+    for (jbyte byte : {2, 0, -128, 1}) {
+        th::env()->CallStaticVoidMethod(raw, put, sat, mdu, byte);
+        th::failOnPendingException();
+        th::callZ(player, "addSatelliteInfo", kAddSatSig, sat);
+        th::callZ(player, "updateSatelliteInfo", kUpdSatSig, 1, sat);
+    }
+    th::env()->DeleteLocalRef(mdu);
+    th::env()->DeleteLocalRef(sat);
+    EXPECT_EQ(seen, (std::vector<int>{1, 1, 0, 0, 1, 1, 1, 1}));
+}
+
 TEST_F(ValuesSatelliteIsdb, UpdateCopiesAnyNameWholeAndGoesOnWithoutOne) {
     const std::string longName = std::string(20000, 'x') + "\xC3\xA9nd";  // no length limit
     std::vector<std::string> names;

@@ -10,6 +10,7 @@
 #include "core/frame.h"
 #include "core/handlers.h"
 #include "core/player_owner.h"
+#include "core/scoped.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
 #include "surface/video_surface.h"
@@ -26,25 +27,41 @@ namespace {
 
 const char* const kAtvScanClass = "com/vireo/android/tvapi/atv/vo/AtvEventScan";
 const char* const kDtvScanClass = "com/vireo/android/tvapi/dtv/vo/DtvEventScan";
+const char* const kHbbtvEventInfoClass = "com/vireo/android/tvapi/common/vo/HbbtvEventInfo";
 
 // Source lines of the failure reports.
 constexpr int kLineSetupNoPlayer = 1260;
 constexpr int kLineFinalizeNoPlayer = 1296;
 
-// Finds a scan class and makes one object of it with its no-argument constructor; both
-// kept as global references. Failures are not checked here: a missing class leaves the
-// runtime's pending exception for the managed caller.
-void makeScanObject(JNIEnv* env, const char* path, std::atomic<jclass>& cls,
+// Finds a scan class and makes one object of it with its no-argument constructor; both are
+// kept as global references. A class, constructor or object the runtime cannot give stops it
+// at once with the runtime's error pending (false): no further JNI call is made with it.
+bool makeScanObject(JNIEnv* env, const char* path, std::atomic<jclass>& cls,
                     std::atomic<jobject>& obj) {
-    jclass local = env->FindClass(path);
-    jclass global = static_cast<jclass>(env->NewGlobalRef(local));
-    jmethodID ctor = env->GetMethodID(global, "<init>", "()V");
-    jobject instance = env->NewObject(global, ctor);
-    (void)env->ExceptionCheck();  // nothing is done about it; the look satisfies the checker
-    cls.store(global);
-    obj.store(env->NewGlobalRef(instance));
-    env->DeleteLocalRef(instance);
-    env->DeleteLocalRef(local);
+    ScopedLocalRef<jclass> local(env, env->FindClass(path));
+    if (local.get() == nullptr) return false;
+    jmethodID ctor = env->GetMethodID(local.get(), "<init>", "()V");
+    if (ctor == nullptr) return false;
+    ScopedLocalRef<jobject> instance(env, env->NewObject(local.get(), ctor));
+    if (instance.get() == nullptr) return false;
+    cls.store(static_cast<jclass>(env->NewGlobalRef(local.get())));
+    obj.store(env->NewGlobalRef(instance.get()));
+    return true;
+}
+
+// The HbbTV event's value class, kept for the events that arrive on the service's threads:
+// there the runtime resolves a class by name through the system class loader only, which does
+// not see the classes an application or a shared library brings. Taken here, on the managed
+// thread, where the class's own loader is found. A class the runtime cannot find is not an
+// error of native_setup: the error is cleared, and an HbbTV event that then finds no class
+// reports it itself.
+void keepHbbtvClass(JNIEnv* env) {
+    ScopedLocalRef<jclass> local(env, env->FindClass(kHbbtvEventInfoClass));
+    if (local.get() == nullptr) {
+        env->ExceptionClear();
+        return;
+    }
+    gScan.hbbtvClass.store(static_cast<jclass>(env->NewGlobalRef(local.get())));
 }
 
 template <typename T>
@@ -65,6 +82,7 @@ void deleteScanObjects(JNIEnv* env) {
     deleteGlobal(env, gScan.atv);
     deleteGlobal(env, gScan.dtvClass);
     deleteGlobal(env, gScan.dtv);
+    deleteGlobal(env, gScan.hbbtvClass);
 }
 
 // The frame's acquisition for native_finalize: the object's player, unless it has none or
@@ -110,14 +128,22 @@ using namespace pij;
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_init(JNIEnv* env,
                                                                     jobject /*clazz*/) {
     ALOGD("native_init");
-    jclass clazz = env->FindClass("com/vireo/android/tvapi/impl/PlayerImpl");
-    gPlayerFields.surfaceTexture = env->GetFieldID(clazz, "mNativeSurfaceTexture", "J");
-    gPlayerFields.context = env->GetFieldID(clazz, "mNativeContext", "J");
-    gPlayerFields.postEvent =
-        env->GetStaticMethodID(clazz, "postEventFromNative", kPostEventSignature);
-    readEventCodes(env, clazz);
-    gPlayerFields.playerContext = env->GetFieldID(clazz, "mPlayerContext", "I");
-    env->DeleteLocalRef(clazz);
+    // A member the managed class lacks stops native_init at that look-up, with the runtime's
+    // error pending for the class's initialiser. Nothing is kept then: every object stays
+    // without a player, as before native_init, instead of going on with a null id.
+    ScopedLocalRef<jclass> clazz(env, env->FindClass(kPlayerClass));
+    if (clazz.get() == nullptr) return;
+    PlayerFields found;
+    found.surfaceTexture = env->GetFieldID(clazz.get(), "mNativeSurfaceTexture", "J");
+    if (found.surfaceTexture == nullptr) return;
+    found.context = env->GetFieldID(clazz.get(), "mNativeContext", "J");
+    if (found.context == nullptr) return;
+    found.postEvent =
+        env->GetStaticMethodID(clazz.get(), "postEventFromNative", kPostEventSignature);
+    if (found.postEvent == nullptr || !readEventCodes(env, clazz.get())) return;
+    found.playerContext = env->GetFieldID(clazz.get(), "mPlayerContext", "I");
+    if (found.playerContext == nullptr) return;
+    gPlayerFields = found;
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env, jobject thiz,
@@ -133,8 +159,14 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env
         reportFatal(__func__, kLineSetupNoPlayer, Exc::Runtime);
         return;
     }
-    makeScanObject(env, kAtvScanClass, gScan.atvClass, gScan.atv);
-    makeScanObject(env, kDtvScanClass, gScan.dtvClass, gScan.dtv);
+    // A scan class the managed side lacks leaves its error pending for the constructor; the
+    // player connected above is let go again, before any listener could reach it.
+    if (!makeScanObject(env, kAtvScanClass, gScan.atvClass, gScan.atv) ||
+        !makeScanObject(env, kDtvScanClass, gScan.dtvClass, gScan.dtv)) {
+        player->disconnect();
+        return;
+    }
+    keepHbbtvClass(env);
 
     android::sp<JNIVSrvListener> listener = new JNIVSrvListener(env, thiz, weakThis);
     player->setListener(android::sp<PlayerImplListener>(listener.get()));

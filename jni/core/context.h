@@ -26,14 +26,16 @@ struct SurfaceFields {
 };
 extern SurfaceFields gSurfaceFields;
 
-// The scan-progress objects shared by every scan event. native_setup makes them,
-// native_finalize and suspend delete them; service threads read them without a lock,
-// so each slot is read and cleared as one step.
+// The scan-progress objects shared by every scan event, and the HbbTV event's class. native_setup
+// makes them, native_finalize and suspend delete them; service threads read them without a lock, so
+// each slot is read and cleared as one step.
 struct ScanObjects {
     std::atomic<jclass> atvClass{nullptr};
     std::atomic<jobject> atv{nullptr};
     std::atomic<jclass> dtvClass{nullptr};
     std::atomic<jobject> dtv{nullptr};
+    // The HbbTV event's class, for events whose thread cannot find it by name.
+    std::atomic<jclass> hbbtvClass{nullptr};
     // Service threads between reading a slot and holding their own local reference to it;
     // a slot's global reference is deleted only once none is left. This gate is correct only
     // because every access to the slots and to this count is sequentially consistent: a

@@ -17,21 +17,26 @@ static_assert(sizeof(kEventCodeFields) / sizeof(kEventCodeFields[0]) == 63,
 
 namespace {
 
-jint readCode(JNIEnv* env, jclass clazz, const char* field) {
+bool readCode(JNIEnv* env, jclass clazz, const char* field, jint* value) {
     jfieldID id = env->GetStaticFieldID(clazz, field, "I");
-    return env->GetStaticIntField(clazz, id);
+    if (id == nullptr) return false;
+    *value = env->GetStaticIntField(clazz, id);
+    return true;
 }
 
 }  // namespace
 
-// Nothing is tested: a missing field leaves the runtime's pending error and the reads go
-// on.
-void readEventCodes(JNIEnv* env, jclass clazz) {
-#define PIJ_EV_READ(name) gEventCodes[E##name] = readCode(env, clazz, "TVPLAYER_" #name);
-#define PIJ_EV_DISCARD(name) (void)readCode(env, clazz, "TVPLAYER_" #name);
+// Stops at the first field the managed class lacks, with the runtime's error pending.
+bool readEventCodes(JNIEnv* env, jclass clazz) {
+    jint discarded = 0;
+#define PIJ_EV_READ(name) \
+    if (!readCode(env, clazz, "TVPLAYER_" #name, &gEventCodes[E##name])) return false;
+#define PIJ_EV_DISCARD(name) \
+    if (!readCode(env, clazz, "TVPLAYER_" #name, &discarded)) return false;
     PIJ_EVENT_CODES(PIJ_EV_READ, PIJ_EV_DISCARD)
 #undef PIJ_EV_READ
 #undef PIJ_EV_DISCARD
+    return true;
 }
 
 }  // namespace pij

@@ -93,8 +93,9 @@ inline jint eventCode(EventCode c) { return gEventCodes[c]; }
 extern const char* const kEventCodeFields[];
 extern const int kEventCodeFieldCount;
 
-// Reads the 63 TVPLAYER_* codes from the managed player class (native_init, after it has
-// found postEventFromNative).
-void readEventCodes(JNIEnv* env, jclass playerClass);
+// Reads every code from the managed player class, in the order above, for native_init. False
+// at the first field the class lacks, with the runtime's error pending; the codes read so far
+// are kept.
+bool readEventCodes(JNIEnv* env, jclass playerClass);
 
 }  // namespace pij

@@ -6,6 +6,7 @@
 
 #include "core/context.h"
 #include "core/frame.h"
+#include "core/scoped.h"
 #include "events/event_codes.h"
 #include "events/payloads.h"
 
@@ -84,25 +85,20 @@ void applyExtra(EventCode code, int ext1) {
 }  // namespace
 
 JNIVSrvListener::JNIVSrvListener(JNIEnv* env, jobject thiz, jobject weakThis) {
-    jclass clazz = env->GetObjectClass(thiz);
-    if (clazz == nullptr) {
+    ScopedLocalRef<jclass> clazz(env, env->GetObjectClass(thiz));
+    if (clazz.get() == nullptr) {
         ALOGE("Can't find com/vireo/android/tvapi/jninative/NativePlayerImpl");
         reportFatal("JNIVSrvListener", 418, Exc::Exception);
         return;  // fields stay null: later events log the attach error
     }
-    mClass = static_cast<jclass>(env->NewGlobalRef(clazz));
+    mClass = static_cast<jclass>(env->NewGlobalRef(clazz.get()));
     mObject = env->NewGlobalRef(weakThis);
     env->GetJavaVM(&mJavaVM);
-    env->DeleteLocalRef(clazz);
 }
 
 JNIVSrvListener::~JNIVSrvListener() {
     JNIEnv* env = attach("~JNIVSrvListener", 433);
-    // On a service thread an exception from the last post may still be pending; deleting
-    // references is allowed with it pending, and it stays for the next event to clear. The
-    // look is for the workstation VM's checker, which wants one after every post.
     if (env != nullptr) {
-        (void)env->ExceptionCheck();
         if (mObject != nullptr) env->DeleteGlobalRef(mObject);
         if (mClass != nullptr) env->DeleteGlobalRef(mClass);
     }
@@ -116,37 +112,29 @@ JNIEnv* JNIVSrvListener::attach(const char* op, int line) const {
     return env;
 }
 
-JNIEnv* JNIVSrvListener::beginEvent(const char* op, int line) const {
-    JNIEnv* env = attach(op, line);
-    if (env != nullptr && env->ExceptionCheck()) {
-        clearStaleException(env);
-    }
-    return env;
-}
-
-// An exception the managed listener threw from an earlier post is still pending on this
-// service thread (nothing looks at it after the post). Every JNI call made with it pending
-// would be an error, and the device's runtime aborts the process on the first under
-// CheckJNI: it is named in a WARN line and cleared before this event makes any other call.
-void JNIVSrvListener::clearStaleException(JNIEnv* env) {
-    jthrowable pending = env->ExceptionOccurred();
+// The managed listener threw from postEventFromNative. Left pending, the exception would
+// poison the next JNI call on this thread, which may be another library's (the service's
+// threads are shared with other native code of the process) or, for an event fired inside
+// disconnect(), the rest of native_finalize; the device's runtime aborts the process on such
+// a call. So it is cleared at once and named in one WARN line.
+void JNIVSrvListener::clearPostException(JNIEnv* env) {
+    ScopedLocalRef<jthrowable> thrown(env, env->ExceptionOccurred());
     env->ExceptionClear();
-    jclass cls = env->GetObjectClass(pending);
-    jclass classClass = env->FindClass("java/lang/Class");
-    jmethodID getName = classClass != nullptr
-                            ? env->GetMethodID(classClass, "getName", "()Ljava/lang/String;")
+    // The class's name through Class.getName; each step may itself fail (no memory), and
+    // then the line says "an exception" rather than making a call with that error pending.
+    ScopedLocalRef<jclass> cls(env, env->GetObjectClass(thrown.get()));
+    ScopedLocalRef<jclass> classClass(env, env->FindClass("java/lang/Class"));
+    jmethodID getName = classClass.get() != nullptr
+                            ? env->GetMethodID(classClass.get(), "getName", "()Ljava/lang/String;")
                             : nullptr;
-    auto name =
-        getName != nullptr ? static_cast<jstring>(env->CallObjectMethod(cls, getName)) : nullptr;
-    env->ExceptionClear();  // a failure to name it is not worth more than "unknown"
-    const char* chars = name != nullptr ? env->GetStringUTFChars(name, nullptr) : nullptr;
-    ALOGW("An earlier event's listener left %s pending on this thread; cleared",
-          chars != nullptr ? chars : "an exception");
-    if (chars != nullptr) env->ReleaseStringUTFChars(name, chars);
-    env->DeleteLocalRef(name);
-    env->DeleteLocalRef(classClass);
-    env->DeleteLocalRef(cls);
-    env->DeleteLocalRef(pending);
+    ScopedLocalRef<jstring> name(
+        env, getName != nullptr ? static_cast<jstring>(env->CallObjectMethod(cls.get(), getName))
+                                : nullptr);
+    if (env->ExceptionCheck()) env->ExceptionClear();
+    ScopedUtfChars chars(env, name.get());
+    if (env->ExceptionCheck()) env->ExceptionClear();
+    ALOGW("postEventFromNative threw %s; cleared",
+          chars.c_str() != nullptr ? chars.c_str() : "an exception");
 }
 
 // Without an environment there is nobody to post to: the attach line has been written and
@@ -155,15 +143,16 @@ void JNIVSrvListener::post(JNIEnv* env, jint code, jint ext1, jint ext2, jobject
     if (env == nullptr || mClass == nullptr) {
         return;
     }
-    // An exception the managed listener throws stays pending on this thread; the next event
-    // on it clears it first (beginEvent).
     env->CallStaticVoidMethod(mClass, gPlayerFields.postEvent, mObject, code, ext1, ext2, obj);
+    if (env->ExceptionCheck()) {
+        clearPostException(env);
+    }
 }
 
 void JNIVSrvListener::notify(int /*msg*/, const android::Parcel& /*obj*/) {}
 
 void JNIVSrvListener::notify(int msg, int ext1, int ext2, jobject obj) {
-    JNIEnv* env = beginEvent("notify", 448);
+    JNIEnv* env = attach("notify", 448);
     const Dispatch* row = lookup(kNotifyTable, msg);
     if (row == nullptr) {
         ALOGE("Unknown event '%#x'", msg);
@@ -175,7 +164,7 @@ void JNIVSrvListener::notify(int msg, int ext1, int ext2, jobject obj) {
 
 void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Parcel* /*obj*/) {
     ALOGE("notifyCB event = %d\n", event);
-    JNIEnv* env = beginEvent("notifyCB", 645);
+    JNIEnv* env = attach("notifyCB", 645);
     const Dispatch* row = lookup(kNotifyCBTable, event);
     if (row == nullptr) {
         ALOGE("Unknown event '%#x'", event);
@@ -186,10 +175,10 @@ void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Par
 }
 
 // The two-integer operations that post their code with ext1 and ext2 unchanged.
-#define PIJ_EVENT(number, code, operation)                                     \
-    void JNIVSrvListener::operation(int ext1, int ext2) {                      \
-        ALOGD(#operation);                                                     \
-        post(beginEvent("notify", 448), eventCode(code), ext1, ext2, nullptr); \
+#define PIJ_EVENT(number, code, operation)                                 \
+    void JNIVSrvListener::operation(int ext1, int ext2) {                  \
+        ALOGD(#operation);                                                 \
+        post(attach("notify", 448), eventCode(code), ext1, ext2, nullptr); \
     }
 #define PIJ_EVENT_OWN(number, code, operation)
 #define PIJ_PARCEL_EVENT(number, code)
@@ -217,7 +206,7 @@ void JNIVSrvListener::PostEvent_ScreenSaverMode(int ext1, int ext2) {
 
 void JNIVSrvListener::PostEvent_OadHandler(int ext1, int ext2) {
     ALOGD("PostEvent_OadHandler ext1 = %d, ext2 = %d", ext1, ext2);
-    post(beginEvent("notify", 448), eventCode(EOAD_HANDLER), ext1, ext2, nullptr);
+    post(attach("notify", 448), eventCode(EOAD_HANDLER), ext1, ext2, nullptr);
 }
 
 void JNIVSrvListener::PostEvent_SnServiceDeadth(int /*ext1*/, int /*ext2*/) {}

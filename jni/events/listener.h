@@ -45,15 +45,13 @@ public:
     // logs "Error! %s(%d) AttachCurrentThread" with (op, line) and returns what it has.
     JNIEnv* attach(const char* op, int line) const;
 
-    // attach() for the first step of an event: also clears, with a WARN line, an exception
-    // that an earlier post left pending on this thread.
-    JNIEnv* beginEvent(const char* op, int line) const;
-
-    // The delivery step shared by every handler.
+    // The delivery step shared by every handler. An exception the managed side throws is
+    // cleared before it returns, with a WARN line naming its class: nothing is left pending
+    // on the thread.
     void post(JNIEnv* env, jint code, jint ext1, jint ext2, jobject obj) const;
 
 private:
-    static void clearStaleException(JNIEnv* env);
+    static void clearPostException(JNIEnv* env);
 
     jclass mClass = nullptr;
     jobject mObject = nullptr;

@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "core/context.h"
+#include "core/scoped.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
 #include "marshal/marshal_util.h"
@@ -116,21 +117,20 @@ bool fillEventObject(JNIEnv* env, jclass clazz, jobject obj, const ValueClass<Re
     return true;
 }
 
-// Takes this thread's own local references to a shared scan class and object. The slots
-// may be cleared and their global references deleted by native_finalize or suspend on a
-// managed thread at any moment: the reader count tells the deleting side to wait until we
-// hold local references, which stay valid whatever happens to the global ones.
-bool takeScanObject(JNIEnv* env, const std::atomic<jclass>& classSlot,
-                    const std::atomic<jobject>& objectSlot, jclass* clazz, jobject* obj) {
+// Takes this thread's own local reference to a shared global one (a scan class or object,
+// the HbbTV class). The slots may be cleared and their global references deleted by
+// native_finalize or suspend on a managed thread at any moment: the reader count tells the
+// deleting side to wait until we hold local references, which stay valid whatever happens to
+// the global ones. The count and the slots are sequentially consistent atomics: a deleting
+// side that has cleared a slot and then reads a count of 0 knows every reader that saw the
+// old value has already taken its local reference.
+template <typename T>
+T takeLocal(JNIEnv* env, const std::atomic<T>& slot) {
     gScan.readers.fetch_add(1);
-    jclass c = classSlot.load();
-    jobject o = objectSlot.load();
-    if (c != nullptr && o != nullptr) {
-        *clazz = static_cast<jclass>(env->NewLocalRef(c));
-        *obj = env->NewLocalRef(o);
-    }
+    T global = slot.load();
+    T local = global != nullptr ? static_cast<T>(env->NewLocalRef(global)) : nullptr;
     gScan.readers.fetch_sub(1);
-    return c != nullptr && o != nullptr;
+    return local;
 }
 
 AtvValues readAtv(const android::Parcel& p) {
@@ -159,33 +159,53 @@ const AtvKindInfo& atvKind(AtvScanKind kind) {
     return kind == AtvScanKind::Auto ? kAuto : kManual;
 }
 
+// Fills the shared scan object in `objectSlot` and posts it, unless native_finalize or
+// suspend has taken the shared objects away.
+template <typename Rec>
+void postScanObject(const JNIVSrvListener& listener, JNIEnv* env,
+                    const std::atomic<jclass>& classSlot, const std::atomic<jobject>& objectSlot,
+                    const ValueClass<Rec>& vc, const Rec& values, const char* what, EventCode code,
+                    jint ext2) {
+    jclass clazz = takeLocal(env, classSlot);
+    jobject obj = takeLocal(env, objectSlot);
+    if (clazz == nullptr || obj == nullptr) {
+        ALOGD("playerimpl has been finalized");
+    } else if (fillEventObject(env, clazz, obj, vc, values, what)) {
+        listener.post(listener.attach("notify", 448), eventCode(code), 0, ext2, obj);
+    }
+}
+
+// The HbbTV event's class, by name first. On a thread the service attached, the runtime
+// looks names up through the system class loader only, which does not see an application's
+// classes: the class native_setup kept on its managed thread is used then.
+jclass findHbbtvClass(JNIEnv* env) {
+    jclass byName = env->FindClass(kHbbtvEventInfo.path);
+    if (byName != nullptr) return byName;
+    env->ExceptionClear();
+    return takeLocal(env, gScan.hbbtvClass);
+}
+
 }  // namespace
 
 void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvScanKind kind) {
     const AtvKindInfo& k = atvKind(kind);
     ALOGD("%s", k.name);
-    JNIEnv* env = listener.beginEvent(k.name, k.attachLine);
+    JNIEnv* env = listener.attach(k.name, k.attachLine);
     const AtvValues v = readAtv(p);
     ALOGD("%s: %d, %d, %d, %d, %d", k.progress, v.percent, v.frequencyKHz, v.scannedChannelNum,
           v.curScannedChannel, v.bIsScaningEnable ? 1 : 0);
     // Without an environment there is no managed side to fill: the attach line has been
     // written; the event ends here rather than calling through a null environment.
-    if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
-        return;
-    }
-    jclass clazz = nullptr;
-    jobject obj = nullptr;
-    if (!takeScanObject(env, gScan.atvClass, gScan.atv, &clazz, &obj)) {
-        ALOGD("playerimpl has been finalized");
-    } else if (fillEventObject(env, clazz, obj, kAtvEventScan, v, k.name)) {
-        listener.post(listener.attach("notify", 448), eventCode(k.code), 0, v.ext2, obj);
-    }
-    env->PopLocalFrame(nullptr);
+    if (env == nullptr) return;
+    ScopedLocalFrame frame(env, kEventFrame);
+    if (!frame.ok()) return;
+    postScanObject(listener, env, gScan.atvClass, gScan.atv, kAtvEventScan, v, k.name, k.code,
+                   v.ext2);
 }
 
 void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
     ALOGD("PostEvent_DtvAutoTuning");
-    JNIEnv* env = listener.beginEvent("PostEvent_DtvAutoTuning", 768);
+    JNIEnv* env = listener.attach("PostEvent_DtvAutoTuning", 768);
     DtvEventScanRec rec;
     rec.scanStatus = static_cast<uint32_t>(p.readInt32());
     rec.currRFCh = static_cast<uint8_t>(p.readInt32());
@@ -203,37 +223,30 @@ void postDtvScan(const JNIVSrvListener& listener, const android::Parcel& p) {
     ALOGD("DtvAutoTuning: %d, %d, %d, %d, %d, %d, %d", static_cast<int>(rec.scanStatus),
           rec.currRFCh, rec.scanPercentageNum, rec.dtvSrvCount, rec.radioSrvCount, rec.dataSrvCount,
           rec.isVHF ? 1 : 0);
-    if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
-        return;  // as in postAtvScan
-    }
-    jclass clazz = nullptr;
-    jobject obj = nullptr;
-    if (!takeScanObject(env, gScan.dtvClass, gScan.dtv, &clazz, &obj)) {
-        ALOGD("playerimpl has been finalized");
-    } else if (fillEventObject(env, clazz, obj, kDtvEventScan, rec, "PostEvent_DtvAutoTuning")) {
-        listener.post(listener.attach("notify", 448), eventCode(EDTV_AUTO_TUNING_SCAN_INFO), 0,
-                      ext2, obj);
-    }
-    env->PopLocalFrame(nullptr);
+    if (env == nullptr) return;  // as in postAtvScan
+    ScopedLocalFrame frame(env, kEventFrame);
+    if (!frame.ok()) return;
+    postScanObject(listener, env, gScan.dtvClass, gScan.dtv, kDtvEventScan, rec,
+                   "PostEvent_DtvAutoTuning", EDTV_AUTO_TUNING_SCAN_INFO, ext2);
 }
 
 // No "finalized" guard here: the object is new for every event, not a shared one.
 void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
     ALOGD("PostEvent_HbbtvEvent");
-    JNIEnv* env = listener.beginEvent("PostEvent_HbbtvEvent", 862);
+    JNIEnv* env = listener.attach("PostEvent_HbbtvEvent", 862);
     HbbtvValues values{};
     values.eEvent = p.readInt32();
     for (int32_t& v : values.param) {
         v = p.readInt32();
     }
     const jint ext2 = p.readInt32();
-    if (env == nullptr || env->PushLocalFrame(kEventFrame) != JNI_OK) {
-        return;  // as in postAtvScan
-    }
+    if (env == nullptr) return;  // as in postAtvScan
+    ScopedLocalFrame frame(env, kEventFrame);
+    if (!frame.ok()) return;
     // Class, constructor and object first, then the fields, as the service's own order of
     // work; a missing class, constructor or field, or no memory, drops the event with an
     // ERROR line instead of writing through a null id (see fillEventObject).
-    jclass clazz = env->FindClass(kHbbtvEventInfo.path);
+    jclass clazz = findHbbtvClass(env);
     jmethodID init = clazz != nullptr ? env->GetMethodID(clazz, "<init>", "()V") : nullptr;
     jobject obj = init != nullptr ? env->NewObject(clazz, init) : nullptr;
     if (obj == nullptr) {
@@ -242,7 +255,6 @@ void postHbbtvEvent(const JNIVSrvListener& listener, const android::Parcel& p) {
     } else if (fillEventObject(env, clazz, obj, kHbbtvEventInfo, values, "PostEvent_HbbtvEvent")) {
         listener.post(listener.attach("notify", 448), eventCode(EHBBTV_UI_EVENT), 0, ext2, obj);
     }
-    env->PopLocalFrame(nullptr);
 }
 
 }  // namespace pij

@@ -9,6 +9,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -60,21 +61,20 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin(JNI
                                    return JNI_FALSE;
                                }
                                // The object's own class, so that a subclass is accepted.
-                               jclass cls = env->GetObjectClass(setting);
-                               if (cls == nullptr) {
+                               ScopedLocalRef<jclass> cls(env, env->GetObjectClass(setting));
+                               if (cls.get() == nullptr) {
                                    pij::reportFatal(fn, kLineDrawPreviewNoClass, Exc::IllegalState);
                                    return JNI_FALSE;
                                }
                                // A field the class lacks leaves the runtime's error pending for the
                                // managed caller, and the player is not called.
                                pij::FieldIds ids;
-                               ids.cls = cls;
+                               ids.cls = cls.get();
                                CaptionOptionSettingRec rec{};
                                if (!pij::toRecordFetchingEach(pij::Copy{env, fn}, setting,
                                                               kCaptionOptionSetting, &ids, rec)) {
                                    return JNI_FALSE;
                                }
-                               env->DeleteLocalRef(cls);
                                return pij::bit0(p.drawPreviewCCWin(rec));
                            });
 }
@@ -93,6 +93,7 @@ PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getLogoData(JNIEnv*
         out[kLogoCapacity] = a;
         out[kLogoCapacity + 1] = b;
         jintArray array = env->NewIntArray(kLogoDataLength);
+        if (array == nullptr) return nullptr;  // no memory: the runtime's error is pending
         env->SetIntArrayRegion(array, 0, kLogoDataLength, out);
         return array;
     });
@@ -121,6 +122,7 @@ PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getChannelLogoARGB(
         }
         auto n = static_cast<jsize>(pixelCount);
         jintArray array = env->NewIntArray(n + 2);
+        if (array == nullptr) return nullptr;  // no memory: the runtime's error is pending
         jint header[2] = {static_cast<jint>(width), b};
         env->SetIntArrayRegion(array, 0, 2, header);
         if (n > 0) env->SetIntArrayRegion(array, 2, n, reinterpret_cast<const jint*>(pixels));

@@ -315,6 +315,27 @@ struct RowFor<P, M, J, MemberKind::Text> {
 
 namespace pij {
 
+template <typename Rec, uint8_t Rec::*M>
+void storeFlagAsZeroOrOne(Rec& rec, jvalue v) {
+    rec.*M = v.z != 0 ? 1 : 0;
+}
+
+template <typename Rec>
+constexpr Field<Rec> withStore(Field<Rec> row, void (*store)(Rec&, jvalue)) {
+    row.store = store;
+    return row;
+}
+
+}  // namespace pij
+
+// The row of a boolean flag byte that the service reads as 0 or 1 only: on its way into the
+// record any non-zero managed byte becomes 1; on its way out it passes whole, as every record
+// boolean does. Every other managed boolean reaches the service as the byte it is.
+#define PIJ_FLAG_ZERO_OR_ONE_IN(Rec, member) \
+    ::pij::withStore(PIJ_FIELD(Rec, member, Z), &::pij::storeFlagAsZeroOrOne<Rec, &Rec::member>)
+
+namespace pij {
+
 // ---- Orders and classes ----
 
 // Row indices in the order a handler fetches the field ids, where that differs from the rows'.

@@ -6,6 +6,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -25,16 +26,14 @@ constexpr int kLineAddTransponder = 4352;
 
 // The managed name into the record, copied whole (a satellite name has no length limit).
 bool satNameIn(const Copy& c, jobject info, jfieldID id, SatelliteInfoRec& rec) {
-    auto name = static_cast<jstring>(c.env->GetObjectField(info, id));
-    if (name == nullptr) {
+    ScopedLocalRef<jstring> name(c.env, static_cast<jstring>(c.env->GetObjectField(info, id)));
+    if (name.get() == nullptr) {
         ALOGD("Attention the Dtv_DVBS_Satellite_Info Satellite Name is null");
         return true;
     }
-    const char* chars = c.env->GetStringUTFChars(name, nullptr);
-    if (chars == nullptr) return false;  // no memory: the runtime's exception is pending
-    rec.satName.setTo(chars);
-    c.env->ReleaseStringUTFChars(name, chars);
-    c.env->DeleteLocalRef(name);
+    pij::ScopedUtfChars chars(c.env, name.get());
+    if (chars.c_str() == nullptr) return false;  // no memory: the runtime's exception is pending
+    rec.satName.setTo(chars.c_str());
     return true;
 }
 
@@ -43,7 +42,8 @@ bool satNameIn(const Copy& c, jobject info, jfieldID id, SatelliteInfoRec& rec) 
 // member, so the order of either side does not matter. Every record member is unsigned: it
 // zero-extends on the way out and is cut to its width on the way in.
 constexpr Field<SatelliteInfoRec> kSatelliteFields[] = {
-    PIJ_FIELD(SatelliteInfoRec, mdu, Z),
+    // The one managed boolean the library reduces: the service takes mdu as 0 or 1.
+    PIJ_FLAG_ZERO_OR_ONE_IN(SatelliteInfoRec, mdu),
     PIJ_FIELD(SatelliteInfoRec, lowLOF, I),
     PIJ_FIELD(SatelliteInfoRec, hiLOF, I),
     PIJ_FIELD(SatelliteInfoRec, lnbFreq, I),
