@@ -319,38 +319,47 @@ struct SharedSurface : TestSurface {
     ~SharedSurface() { th::env()->DeleteGlobalRef(global); }
 };
 
-TEST_F(Surface, BindsAndSuspendAtOnceLeaveOneReferenceAtMostAndNoneAfterFinalisation) {
-    releasePlayer();
+// Rounds on new player objects, each bound to `before` first: `race` runs the case's calls at
+// once with a bind of `next` and checks the references then; afterwards the object is
+// finalised and must hold none.
+using Race = std::function<void(const Target&, const TestSurface& before, const TestSurface& next,
+                                jobject nextSurface)>;
+void raceOnNewObjects(const Race& race) {
     for (int round = 0; round < 100; ++round) {
+        SCOPED_TRACE("round " + std::to_string(round));
         Target t;
         SharedSurface before(41), next(42);
         t.bind(before.global);
-        atOnce([&] { t.bind(next.global); }, [&] { suspendAndLetGo(t.object, t.proxy); });
+        race(t, before, next, next.global);
+        if (::testing::Test::HasFatalFailure()) return;
+        th::callV(t.object, "release", "()V");
+        ASSERT_EQ(before.libraryRefs() + next.libraryRefs(), 0);
+    }
+}
+
+TEST_F(Surface, BindsAndSuspendAtOnceLeaveOneReferenceAtMostAndNoneAfterFinalisation) {
+    releasePlayer();
+    raceOnNewObjects([](const Target& t, const TestSurface& before, const TestSurface& next,
+                        jobject nextSurface) {
+        atOnce([&] { t.bind(nextSurface); }, [&] { suspendAndLetGo(t.object, t.proxy); });
         // Suspended first: the bind found no player and released nothing. Otherwise the bind
         // released the earlier producer and keeps its own only if it ended before suspend.
         const int b = before.libraryRefs(), n = next.libraryRefs();
-        ASSERT_TRUE((b == 1 && n == 0) || (b == 0 && (n == 0 || n == 1)))
-            << "round " << round << ": " << b << ", " << n;
-        th::callV(t.object, "release", "()V");
-        ASSERT_EQ(before.libraryRefs() + next.libraryRefs(), 0) << "round " << round;
-    }
+        ASSERT_TRUE((b == 1 && n == 0) || (b == 0 && (n == 0 || n == 1))) << b << ", " << n;
+    });
 }
 
 TEST_F(Surface, SetUpAgainAndBindAtOnceAfterSuspendLeaveOneBinding) {
     releasePlayer();
-    for (int round = 0; round < 100; ++round) {
-        Target t;
-        SharedSurface before(51), next(52);
-        t.bind(before.global);
+    raceOnNewObjects([](const Target& t, const TestSurface& before, const TestSurface& next,
+                        jobject nextSurface) {
         suspendAndLetGo(t.object, t.proxy);
-        atOnce([&] { setUpAgain(t.object); }, [&] { t.bind(next.global); });
+        atOnce([&] { setUpAgain(t.object); }, [&] { t.bind(nextSurface); });
         // Bound before the new player came: refused, the earlier binding stays. Bound after:
         // the earlier binding is let go for the new one.
-        ASSERT_EQ(before.libraryRefs() + next.libraryRefs(), 1) << "round " << round;
-        ASSERT_TRUE(before.libraryRefs() >= 0 && next.libraryRefs() >= 0) << "round " << round;
-        th::callV(t.object, "release", "()V");
-        ASSERT_EQ(before.libraryRefs() + next.libraryRefs(), 0) << "round " << round;
-    }
+        const int b = before.libraryRefs(), n = next.libraryRefs();
+        ASSERT_TRUE((b == 1 && n == 0) || (b == 0 && n == 1)) << b << ", " << n;
+    });
 }
 
 TEST_F(Surface, UnbindClosesTheWindowAndLeavesTheReference) {
