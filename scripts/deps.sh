@@ -8,7 +8,7 @@ else
   pkgs=(cmake g++ make openjdk-17-jdk-headless googletest libgtest-dev libbenchmark-dev
         android-libutils-dev android-liblog-dev android-libnativehelper-dev
         android-platform-frameworks-native-headers nlohmann-json3-dev
-        clang libclang-rt-dev libelf-dev)
+        clang libclang-rt-dev libelf-dev lld)
 fi
 missing=()
 for p in "${pkgs[@]}"; do

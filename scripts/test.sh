@@ -5,9 +5,11 @@
 #   2. the ThreadSanitizer run of the call frame, player replacement and listener,
 #   3. the fuzzers, a bounded time each (FUZZ_SECONDS, default 60),
 #   4. the AArch64 cross build with its layout, slot and key report under qemu,
-#   5. the plain build's test suite (GoogleTest suites in the VM, the demonstration program
+#   5. the Debug build (build-debug/), warnings as errors like every build: everything but the
+#      benchmarks, or only the library under PIJ_QUICK=1,
+#   6. the plain build's test suite (GoogleTest suites in the VM, the demonstration program
 #      end to end, the short stress run, the export and layout checks).
-# PIJ_QUICK=1 runs only steps 0 and 5.
+# PIJ_QUICK=1 runs only steps 0, 5 and 6.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 scripts/deps.sh || exit 1
@@ -28,6 +30,9 @@ if [ "${PIJ_QUICK:-0}" != 1 ]; then
   stage "thread sanitizer" tests/tsan/run.sh 10
   stage "fuzzing" scripts/fuzz.sh "${FUZZ_SECONDS:-60}"
   stage "aarch64 cross build" scripts/cross-aarch64.sh
+  stage "debug build" scripts/debug-build.sh
+else
+  stage "debug build" scripts/debug-build.sh --library
 fi
 
 echo "== test suite"

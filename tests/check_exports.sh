@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The library as the device sees it: its NEEDED libraries and its exported symbols.
+# The library as the device sees it: its NEEDED libraries, its exported symbols, and what
+# runs when it is loaded.
 set -u
 lib=$1
 fail=0
@@ -24,5 +25,13 @@ leaked=$(echo "$exports" | grep -v -e '^com_vireo_android_tvapi_' -e '^JNI_OnLoa
          -e '^suspend$' -e '^VndkGetSurface$' -e '^_init$' -e '^_fini$' \
          -e '^__bss_start$' -e '^_edata$' -e '^_end$')
 if [ -n "$leaked" ]; then echo "exported beyond the handlers:"; echo "$leaked" | head -20; fail=1; fi
-[ $fail -eq 0 ] && echo "exports and NEEDED entries as expected"
+# Loading runs nothing of ours but the global lock's constructor: .init_array holds at most
+# the compiler's own entry and that one (8 bytes each).
+init_size=$(readelf -SW "$lib" | sed -n 's/.*\.init_array *INIT_ARRAY *[0-9a-f]* [0-9a-f]* \([0-9a-f]*\).*/\1/p')
+if [ $((16#${init_size:-0})) -gt 16 ]; then
+  echo "$((16#$init_size / 8)) .init_array entries, at most 2 expected:"
+  nm -C "$lib" | grep _GLOBAL__sub_I_ | grep -v '\.cold$'
+  fail=1
+fi
+[ $fail -eq 0 ] && echo "exports, NEEDED entries and load-time code as expected"
 exit $fail

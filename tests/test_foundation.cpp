@@ -10,9 +10,9 @@
 #include <binder/Parcel.h>
 
 #include "core/PlayerImpl.h"
+#include "double/fake_player.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
-#include "double/fake_player.h"
 #include "playerimpl_host/host_player.h"
 
 namespace {
@@ -291,7 +291,7 @@ TEST(LoadChild, LoadLibrary) {
         auto onLoad = reinterpret_cast<jint (*)(JavaVM*, void*)>(
             dlsym(dlopen(PIJ_LIBRARY, RTLD_NOW), "JNI_OnLoad"));
         printf("RESULT %d\n", onLoad(th::vm(), nullptr));
-    } else if (e->FindClass("com/vireo/android/tvapi/impl/PlayerImpl") != nullptr) {
+    } else if (th::loadClass("com/vireo/android/tvapi/impl/PlayerImpl") != nullptr) {
         printf("RESULT loaded\n");
     }
     fflush(stdout);

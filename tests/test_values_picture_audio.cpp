@@ -8,12 +8,12 @@
 #include <tuple>
 
 #include "core/PlayerImpl.h"
+#include "double/fake_player.h"
 #include "harness/fields.h"
 #include "harness/jvm_harness.h"
 #include "harness/player_test.h"
 #include "marshal/audio.h"
 #include "marshal/picture.h"
-#include "double/fake_player.h"
 
 namespace {
 
@@ -229,11 +229,16 @@ TEST_F(AudioValues, TrackCountsOutsideTheRecord) {
         auto fn = reinterpret_cast<Fn>(th::librarySymbol((kHandler + name).c_str()));
         ASSERT_NE(fn, nullptr) << name;
         JNIEnv* e = th::env();
-        ASSERT_EQ(e->PushLocalFrame(1), 0);
-        jobject a = nullptr;
-        for (int call = 0; call < 3; ++call) a = fn(e, player);
-        std::string s = describeAudio(a);
-        e->PopLocalFrame(nullptr);
+        std::string s;
+        jobject self = e->NewGlobalRef(player);  // this frame's locals are not the caller's
+        th::underManagedCaller([&] {
+            ASSERT_EQ(e->PushLocalFrame(1), 0);
+            jobject a = nullptr;
+            for (int call = 0; call < 3; ++call) a = fn(e, self);
+            s = describeAudio(a);
+            e->PopLocalFrame(nullptr);
+        });
+        e->DeleteGlobalRef(self);
         EXPECT_EQ(s.substr(0, s.find(" [")),
                   "audioLangNum:S=17 currentAudioIndex:S=5 currentChannelMode:S=6 len=16");
         EXPECT_NE(s.find("[audioPid:I=4111 audioType:S=783 "), std::string::npos) << s;

@@ -2,6 +2,7 @@
 #include "surface/VTvDisaplyImpl.h"
 
 #include <atomic>
+#include <cstring>
 #include <mutex>
 
 #include "tvdisplay_host.h"
@@ -41,7 +42,16 @@ int displaysMade() { return gMade.load(); }
 
 using namespace tvdisplay_host;
 
-VTvDisaplyImpl::VTvDisaplyImpl() { gMade.fetch_add(1); }
+// A vendor's display object keeps state in itself although the library's declaration shows
+// no members; this one fills as many bytes as such a vendor class might, so a library that
+// made it in room of the declaration's size alone is caught writing past it (the sanitizer
+// build reports the overflow).
+constexpr size_t kVendorStateBytes = 512;
+
+VTvDisaplyImpl::VTvDisaplyImpl() {
+    std::memset(reinterpret_cast<unsigned char*>(this), 0xa5, kVendorStateBytes);
+    gMade.fetch_add(1);
+}
 
 int32_t VTvDisaplyImpl::openTvDisplay(const android::sp<android::Surface>& surface, WIN_DEV type,
                                       bool flag) {

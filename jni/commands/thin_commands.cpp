@@ -121,61 +121,63 @@ com_vireo_android_tvapi_impl_PlayerImpl_isTeletextSubtitleChannel(JNIEnv* env, j
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_openTeletext(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a) {
+                                                                                jint mode) {
     ALOGD("openTeletext");
     return withPlayer<jboolean>(env, thiz, {__func__, 1642, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.openTeletext(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.openTeletext(mode)); });
 }
 
-PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_sendTeletextCommand(JNIEnv* env,
-                                                                                       jobject thiz,
-                                                                                       jint a) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_sendTeletextCommand(
+    JNIEnv* env, jobject thiz, jint command) {
     ALOGD("sendTeletextCommand");
-    return withPlayer<jboolean>(env, thiz, {__func__, 1660, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.sendTeletextCommand(a)); });
+    return withPlayer<jboolean>(env, thiz, {__func__, 1660, Exc::TvIpc}, false, [&](PlayerImpl& p) {
+        return bit0(p.sendTeletextCommand(command));
+    });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setTeletextLanguageGroup(JNIEnv* env,
                                                                                      jobject thiz,
-                                                                                     jint a) {
+                                                                                     jint group) {
     ALOGI("setTeletextLanguageGroup");
-    return withPlayer<jboolean>(env, thiz, {__func__, 1678, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setTeletextLanguageGroup(a)); });
+    return withPlayer<jboolean>(env, thiz, {__func__, 1678, Exc::TvIpc}, false, [&](PlayerImpl& p) {
+        return bit0(p.setTeletextLanguageGroup(group));
+    });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_openPAT(JNIEnv* env,
-                                                                           jobject thiz, jint a) {
+                                                                           jobject thiz,
+                                                                           jint mode) {
     ALOGD("openPAT");
     return withPlayer<jboolean>(env, thiz, {__func__, 1696, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.openPAT(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.openPAT(mode)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setHPosition(JNIEnv* env, jobject thiz,
-                                                                         jint a) {
+                                                                         jint value) {
     ALOGD("setHPosition");
     return withPlayer<jboolean>(env, thiz, {__func__, 1714, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setHPosition(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setHPosition(value)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setPhase(JNIEnv* env, jobject thiz,
-                                                                     jint a) {
+                                                                     jint value) {
     ALOGD("setPhase");
     return withPlayer<jboolean>(env, thiz, {__func__, 1732, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setPhase(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setPhase(value)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setSize(JNIEnv* env, jobject thiz,
-                                                                    jint a) {
+                                                                    jint value) {
     ALOGD("setSize");
     return withPlayer<jboolean>(env, thiz, {__func__, 1750, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setSize(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setSize(value)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setVPosition(JNIEnv* env, jobject thiz,
-                                                                         jint a) {
+                                                                         jint value) {
     ALOGD("setVPosition");
     return withPlayer<jboolean>(env, thiz, {__func__, 1768, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setVPosition(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setVPosition(value)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_startCc(JNIEnv* env, jobject thiz) {
@@ -209,17 +211,20 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isAftEnabled(JNIEnv*
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_saveAtvProgram(JNIEnv* env,
-                                                                           jobject thiz, jint a) {
+                                                                           jobject thiz,
+                                                                           jint program) {
     ALOGD("saveAtvProgram");
     return withPlayer<jboolean>(env, thiz, {__func__, 1875, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.saveAtvProgram(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.saveAtvProgram(program)); });
 }
 
 // ---- Parental, country, clock, audio mode, scart, MHEG-5 (TvIpcException) ----
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setParental(JNIEnv* env,
-                                                                           jobject thiz, jint a) {
+                                                                           jobject thiz,
+                                                                           jint level) {
     ALOGD("native_setParental");
-    withPlayer(env, thiz, {__func__, 1893, Exc::TvIpc}, [&](PlayerImpl& p) { p.setParental(a); });
+    withPlayer(env, thiz, {__func__, 1893, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.setParental(level); });
 }
 
 PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getLanguageCode(JNIEnv* env,
@@ -233,10 +238,10 @@ PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getLanguageCode(JNIEn
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_setCountry(JNIEnv* env,
                                                                               jobject thiz,
-                                                                              jint a) {
+                                                                              jint country) {
     ALOGD("setCountry");
     return withPlayer<jboolean>(env, thiz, {__func__, 1929, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setCountry(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setCountry(country)); });
 }
 
 PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getCountryCode(JNIEnv* env,
@@ -262,16 +267,18 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_disableAutoClock(JNIEnv*
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setAudioMode(JNIEnv* env, jobject thiz,
-                                                                         jint a) {
-    ALOGD("setAudioMode, mode = %d", a);
+                                                                         jint mode) {
+    ALOGD("setAudioMode, mode = %d", mode);
     return withPlayer<jboolean>(env, thiz, {__func__, 2000, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setAudioMode(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setAudioMode(mode)); });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setTimeZone(JNIEnv* env,
-                                                                           jobject thiz, jint a) {
+                                                                           jobject thiz,
+                                                                           jint zone) {
     ALOGD("setTimeZone");
-    withPlayer(env, thiz, {__func__, 2016, Exc::TvIpc}, [&](PlayerImpl& p) { p.setTimeZone(a); });
+    withPlayer(env, thiz, {__func__, 2016, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.setTimeZone(zone); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enableAutoScartOut(JNIEnv* env,
@@ -290,18 +297,20 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_disableAutoScartOut(
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5Command(JNIEnv* env,
                                                                              jobject thiz,
-                                                                             jshort a) {
+                                                                             jshort command) {
     ALOGD("sendMheg5Command");
     return withPlayer<jboolean>(env, thiz, {__func__, 2068, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.sendMheg5Command(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.sendMheg5Command(command)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5IcsCommand(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a, jshort b) {
+                                                                                jint command,
+                                                                                jshort param) {
     ALOGD("sendMheg5IcsCommand");
-    return withPlayer<jboolean>(env, thiz, {__func__, 2158, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.sendMheg5IcsCommand(a, b)); });
+    return withPlayer<jboolean>(env, thiz, {__func__, 2158, Exc::TvIpc}, false, [&](PlayerImpl& p) {
+        return bit0(p.sendMheg5IcsCommand(command, param));
+    });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isMheg5Running(JNIEnv* env,
@@ -322,10 +331,10 @@ PIJ_EXPORT jstring com_vireo_android_tvapi_impl_PlayerImpl_getMheg5PfgContent(JN
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setChannelChangeFreezeMode(
-    JNIEnv* env, jobject thiz, jboolean a) {
+    JNIEnv* env, jobject thiz, jboolean freeze) {
     ALOGD("setChannelChangeFreezeMode");
     withPlayer(env, thiz, {__func__, 2209, Exc::TvIpc},
-               [&](PlayerImpl& p) { p.setChannelChangeFreezeMode(asBool(a)); });
+               [&](PlayerImpl& p) { p.setChannelChangeFreezeMode(asBool(freeze)); });
 }
 
 // ---- DTV tuning and routes (TvIpcException) ----
@@ -338,33 +347,34 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_playCurrentProgram(J
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setManualTuneByFreq(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a) {
+                                                                                jint frequency) {
     ALOGD("setManualTuneByFreq");
-    return withPlayer<jboolean>(env, thiz, {__func__, 2438, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setManualTuneByFreq(a)); });
+    return withPlayer<jboolean>(env, thiz, {__func__, 2438, Exc::TvIpc}, false, [&](PlayerImpl& p) {
+        return bit0(p.setManualTuneByFreq(frequency));
+    });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setManualTuneByRf(JNIEnv* env,
                                                                               jobject thiz,
-                                                                              jshort a) {
+                                                                              jshort rf) {
     ALOGD("setManualTuneByRf");
     return withPlayer<jboolean>(env, thiz, {__func__, 2456, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setManualTuneByRf(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setManualTuneByRf(rf)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_changeManualScanRF(JNIEnv* env,
                                                                                jobject thiz,
-                                                                               jint a) {
+                                                                               jint rf) {
     ALOGD("changeManualScanRF");
     return withPlayer<jboolean>(env, thiz, {__func__, 2474, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.changeManualScanRF(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.changeManualScanRF(rf)); });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_switchAudioTrack(JNIEnv* env, jobject thiz,
-                                                                         jint a) {
+                                                                         jint track) {
     ALOGD("switchAudioTrack");
     withPlayer(env, thiz, {__func__, 2491, Exc::TvIpc},
-               [&](PlayerImpl& p) { p.switchAudioTrack(a); });
+               [&](PlayerImpl& p) { p.switchAudioTrack(track); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getDtvRouteCount(JNIEnv* env,
@@ -375,23 +385,25 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getDtvRouteCount(JNIEnv*
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setDtvRoute(JNIEnv* env, jobject thiz,
-                                                                    jshort a) {
+                                                                    jshort route) {
     ALOGD("setDtvRoute");
-    withPlayer(env, thiz, {__func__, 2642, Exc::TvIpc}, [&](PlayerImpl& p) { p.setDtvRoute(a); });
+    withPlayer(env, thiz, {__func__, 2642, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.setDtvRoute(route); });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setFavoriteRegion(JNIEnv* env, jobject thiz,
-                                                                          jint a) {
+                                                                          jint region) {
     ALOGD("setFavoriteRegion");
     withPlayer(env, thiz, {__func__, 2659, Exc::TvIpc},
-               [&](PlayerImpl& p) { p.setFavoriteRegion(a); });
+               [&](PlayerImpl& p) { p.setFavoriteRegion(region); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_switchDtvRoute(JNIEnv* env,
-                                                                           jobject thiz, jshort a) {
+                                                                           jobject thiz,
+                                                                           jshort route) {
     ALOGD("switchDtvRoute");
     return withPlayer<jboolean>(env, thiz, {__func__, 2677, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.switchDtvRoute(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.switchDtvRoute(route)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_unlockChannel(JNIEnv* env,
@@ -402,10 +414,10 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_unlockChannel(JNIEnv
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setMirror(JNIEnv* env, jobject thiz,
-                                                                      jboolean a) {
+                                                                      jboolean enable) {
     ALOGD("setMirror");
     return withPlayer<jboolean>(env, thiz, {__func__, 2714, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setMirror(asBool(a))); });
+                                [&](PlayerImpl& p) { return bit0(p.setMirror(asBool(enable))); });
 }
 
 // ---- Standard detection, input source, debug (mostly IllegalStateException) ----
@@ -418,18 +430,19 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_startAutoStandardDetecti
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_forceVideoStandard(JNIEnv* env,
                                                                                   jobject thiz,
-                                                                                  jint a) {
+                                                                                  jint standard) {
     withPlayer(env, thiz, {__func__, 2735, Exc::IllegalState},
-               [&](PlayerImpl& p) { p.forceVideoStandard(a); });
+               [&](PlayerImpl& p) { p.forceVideoStandard(standard); });
 }
 
 // The operation's second argument is always 0.
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_detectInputSource(JNIEnv* env,
                                                                                      jobject thiz,
-                                                                                     jint a) {
+                                                                                     jint source) {
     ALOGD("native_detectInputSource");
-    return withPlayer<jboolean>(env, thiz, {__func__, 2824, Exc::TvIpc}, false,
-                                [&](PlayerImpl& p) { return bit0(p.detectInputSource(a, 0)); });
+    return withPlayer<jboolean>(env, thiz, {__func__, 2824, Exc::TvIpc}, false, [&](PlayerImpl& p) {
+        return bit0(p.detectInputSource(source, 0));
+    });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_initOfflineDetection(JNIEnv* env,
@@ -440,10 +453,10 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_initOfflineDetection(JNI
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setDebugMode(JNIEnv* env, jobject thiz,
-                                                                     jboolean a) {
+                                                                     jboolean on) {
     ALOGD("setDebugMode");
     withPlayer(env, thiz, {__func__, 2891, Exc::IllegalState},
-               [&](PlayerImpl& p) { p.setDebugMode(asBool(a)); });
+               [&](PlayerImpl& p) { p.setDebugMode(asBool(on)); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_native_getChinaDvbcRegion(JNIEnv* env,
@@ -455,10 +468,10 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_native_getChinaDvbcRegio
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setChinaDvbcRegion(JNIEnv* env,
                                                                                   jobject thiz,
-                                                                                  jint a) {
+                                                                                  jint region) {
     ALOGD("native_setChinaDvbcRegion");
     withPlayer(env, thiz, {__func__, 2988, Exc::IllegalState},
-               [&](PlayerImpl& p) { p.setChinaDvbcRegion(a); });
+               [&](PlayerImpl& p) { p.setChinaDvbcRegion(region); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getAntennaType(JNIEnv* env, jobject thiz) {
@@ -477,11 +490,13 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_autostartApplication
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_startApplication(JNIEnv* env,
-                                                                             jobject thiz, jlong a,
-                                                                             jlong b) {
+                                                                             jobject thiz,
+                                                                             jlong orgId,
+                                                                             jlong appId) {
     ALOGD("startApplication");
-    return withPlayer<jboolean>(env, thiz, {__func__, 3035, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.startApplication(a, b)); });
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 3035, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.startApplication(orgId, appId)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_stopApplication(JNIEnv* env,
@@ -519,14 +534,14 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_isGingaRunning(JNIEn
 }
 
 // ---- Ratings, mute, antenna, captions, event status (IllegalStateException) ----
-PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setVChipGuideline(JNIEnv* env,
-                                                                              jobject thiz,
-                                                                              jshort a, jshort b,
-                                                                              jshort c, jshort d) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setVChipGuideline(
+    JNIEnv* env, jobject thiz, jshort guideline1, jshort guideline2, jshort guideline3,
+    jshort guideline4) {
     ALOGD("SetVChipGuideline");
     return withPlayer<jboolean>(
-        env, thiz, {__func__, 3154, Exc::IllegalState}, false,
-        [&](PlayerImpl& p) { return bit0(p.setVChipGuideline(a, b, c, d)); });
+        env, thiz, {__func__, 3154, Exc::IllegalState}, false, [&](PlayerImpl& p) {
+            return bit0(p.setVChipGuideline(guideline1, guideline2, guideline3, guideline4));
+        });
 }
 
 // Returns the byte the operation stores, whole; the operation's own result is not used.
@@ -540,20 +555,19 @@ com_vireo_android_tvapi_impl_PlayerImpl_getCurrentVChipBlockStatus(JNIEnv* env, 
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockUnratedByUser(
-    JNIEnv* env, jobject thiz, jboolean a) {
+    JNIEnv* env, jobject thiz, jboolean unlock) {
     ALOGD("enterPassToUnlockUnratedByUser");
     return withPlayer<jboolean>(
         env, thiz, {__func__, 3189, Exc::IllegalState}, false,
-        [&](PlayerImpl& p) { return bit0(p.enterPassToUnlockUnratedByUser(asBool(a))); });
+        [&](PlayerImpl& p) { return bit0(p.enterPassToUnlockUnratedByUser(asBool(unlock))); });
 }
 
-PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockByUser(JNIEnv* env,
-                                                                                    jobject thiz,
-                                                                                    jboolean a) {
+PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_enterPassToUnlockByUser(
+    JNIEnv* env, jobject thiz, jboolean unlock) {
     ALOGD("enterPassToUnlockByUser");
     return withPlayer<jboolean>(
         env, thiz, {__func__, 3205, Exc::IllegalState}, false,
-        [&](PlayerImpl& p) { return bit0(p.enterPassToUnlockByUser(asBool(a))); });
+        [&](PlayerImpl& p) { return bit0(p.enterPassToUnlockByUser(asBool(unlock))); });
 }
 
 PIJ_EXPORT jstring
@@ -567,27 +581,28 @@ com_vireo_android_tvapi_impl_PlayerImpl_getCurrentRatingInformation(JNIEnv* env,
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_setAudioMute(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a, jint b) {
+                                                                                jint type,
+                                                                                jint source) {
     ALOGD("native_setAudioMute");
     return withPlayer<jboolean>(env, thiz, {__func__, 3237, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setAudioMute(a, b)); });
+                                [&](PlayerImpl& p) { return bit0(p.setAudioMute(type, source)); });
 }
 
 // Always true; the operation answers nothing.
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_atsc_setAntennaType(JNIEnv* env,
                                                                                        jobject thiz,
-                                                                                       jint a) {
+                                                                                       jint type) {
     ALOGD("native_atsc_setAntennaType");
     return withPlayerOrEnd(
         env, thiz, {__func__, 3254, Exc::IllegalState},
-        [&](PlayerImpl& p) -> jboolean { return (p.atsc_setAntennaType(a), JNI_TRUE); });
+        [&](PlayerImpl& p) -> jboolean { return (p.atsc_setAntennaType(type), JNI_TRUE); });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setCcMode(JNIEnv* env, jobject thiz,
-                                                                  jint a) {
+                                                                  jint mode) {
     ALOGD("setCcMode");
     withPlayerOrEnd(env, thiz, {__func__, 3333, Exc::IllegalState},
-                    [&](PlayerImpl& p) { p.setCcMode(a); });
+                    [&](PlayerImpl& p) { p.setCcMode(mode); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCcMode(JNIEnv* env, jobject thiz) {
@@ -605,26 +620,27 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getAirChannelType(JNIEnv
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentEventStatus(JNIEnv* env,
                                                                               jobject thiz,
-                                                                              jint a) {
+                                                                              jint event) {
     ALOGD("getCurrentEventStatus");
     return withPlayer<jint>(env, thiz, {__func__, 3527, Exc::IllegalState}, 0,
-                            [&](PlayerImpl& p) { return p.getCurrentEventStatus(a); });
+                            [&](PlayerImpl& p) { return p.getCurrentEventStatus(event); });
 }
 
 // The second managed int is the boolean status.
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setCurrentEventStatus(JNIEnv* env,
-                                                                              jobject thiz, jint a,
-                                                                              jint b) {
+                                                                              jobject thiz,
+                                                                              jint event,
+                                                                              jint status) {
     ALOGD("setCurrentEventStatus");
     withPlayerOrEnd(env, thiz, {__func__, 3544, Exc::IllegalState},
-                    [&](PlayerImpl& p) { p.setCurrentEventStatus(a, asBool(b)); });
+                    [&](PlayerImpl& p) { p.setCurrentEventStatus(event, asBool(status)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setAutoSync(JNIEnv* env, jobject thiz,
-                                                                        jboolean a) {
+                                                                        jboolean on) {
     ALOGD("setAutoSync");
     return withPlayer<jboolean>(env, thiz, {__func__, 3559, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setAutoSync(asBool(a))); });
+                                [&](PlayerImpl& p) { return bit0(p.setAutoSync(asBool(on))); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_createPreviewCCWin(JNIEnv* env,
@@ -658,18 +674,19 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSatelliteNumbe
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setCurrentSatelliteNumber(JNIEnv* env,
                                                                                       jobject thiz,
-                                                                                      jint a) {
+                                                                                      jint number) {
     ALOGD("setCurrentSatelliteNumber");
     return withPlayer<jboolean>(
         env, thiz, {__func__, 4054, Exc::IllegalState}, false,
-        [&](PlayerImpl& p) { return bit0(p.setCurrentSatelliteNumber(a)); });
+        [&](PlayerImpl& p) { return bit0(p.setCurrentSatelliteNumber(number)); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getTransponderCount(JNIEnv* env,
-                                                                            jobject thiz, jint a) {
+                                                                            jobject thiz,
+                                                                            jint satellite) {
     ALOGD("getTransponderCount");
     return withPlayer<jint>(env, thiz, {__func__, 4069, Exc::IllegalState}, 0,
-                            [&](PlayerImpl& p) { return p.getTransponderCount(a); });
+                            [&](PlayerImpl& p) { return p.getTransponderCount(satellite); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentTransponderNumber(JNIEnv* env,
@@ -680,27 +697,29 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getCurrentTransponderNum
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setCurrentTransponderNumber(
-    JNIEnv* env, jobject thiz, jint a) {
+    JNIEnv* env, jobject thiz, jint number) {
     ALOGD("setCurrentTransponderNumber");
     return withPlayer<jboolean>(
         env, thiz, {__func__, 4099, Exc::IllegalState}, false,
-        [&](PlayerImpl& p) { return bit0(p.setCurrentTransponderNumber(a)); });
+        [&](PlayerImpl& p) { return bit0(p.setCurrentTransponderNumber(number)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_deleteSatelliteInfo(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a) {
+                                                                                jint index) {
     ALOGD("deleteSatelliteInfo");
     return withPlayer<jboolean>(env, thiz, {__func__, 4370, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.deleteSatelliteInfo(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.deleteSatelliteInfo(index)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_deleteTransponderInfo(JNIEnv* env,
                                                                                   jobject thiz,
-                                                                                  jint a, jint b) {
+                                                                                  jint satellite,
+                                                                                  jint index) {
     ALOGD("deleteTransponderInfo");
-    return withPlayer<jboolean>(env, thiz, {__func__, 4386, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.deleteTransponderInfo(a, b)); });
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 4386, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.deleteTransponderInfo(satellite, index)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_verifySlotFrequency(JNIEnv* env,
@@ -712,48 +731,53 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_verifySlotFrequency(
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDishLNBPowerMode(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a) {
+                                                                                jint mode) {
     ALOGD("setDishLNBPowerMode");
     return withPlayer<jboolean>(env, thiz, {__func__, 4418, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setDishLNBPowerMode(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setDishLNBPowerMode(mode)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDish22KMode(JNIEnv* env,
-                                                                           jobject thiz, jint a) {
+                                                                           jobject thiz,
+                                                                           jint mode) {
     ALOGD("setDish22KMode");
     return withPlayer<jboolean>(env, thiz, {__func__, 4434, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setDish22KMode(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setDish22KMode(mode)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDishToneburstMode(JNIEnv* env,
                                                                                  jobject thiz,
-                                                                                 jint a) {
+                                                                                 jint mode) {
     ALOGD("setDishToneburstMode");
     return withPlayer<jboolean>(env, thiz, {__func__, 4450, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setDishToneburstMode(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setDishToneburstMode(mode)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setDiSEqCSwitchPort(JNIEnv* env,
                                                                                 jobject thiz,
-                                                                                jint a, jint b) {
+                                                                                jint level,
+                                                                                jint port) {
     ALOGD("setDiSEqCSwitchPort");
-    return withPlayer<jboolean>(env, thiz, {__func__, 4466, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setDiSEqCSwitchPort(a, b)); });
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 4466, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.setDiSEqCSwitchPort(level, port)); });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_sendDiSEqCMotorCommand(JNIEnv* env,
                                                                                    jobject thiz,
-                                                                                   jint a) {
+                                                                                   jint command) {
     ALOGD("sendDiSEqCMotorCommand");
-    return withPlayer<jboolean>(env, thiz, {__func__, 4482, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.sendDiSEqCMotorCommand(a)); });
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 4482, Exc::IllegalState}, false,
+        [&](PlayerImpl& p) { return bit0(p.sendDiSEqCMotorCommand(command)); });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setUserLocationCode(JNIEnv* env,
-                                                                            jobject thiz, jint a) {
-    ALOGD("setUserLocationCode, code = %d", a);
+                                                                            jobject thiz,
+                                                                            jint code) {
+    ALOGD("setUserLocationCode, code = %d", code);
     withPlayer(env, thiz, {__func__, 4498, Exc::IllegalState},
-               [&](PlayerImpl& p) { p.setUserLocationCode(a); });
+               [&](PlayerImpl& p) { p.setUserLocationCode(code); });
 }
 
 // No entry line: the code is logged after the call.
@@ -768,10 +792,10 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCode(JNIE
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setProgramSortByType(JNIEnv* env,
                                                                                  jobject thiz,
-                                                                                 jint a) {
-    ALOGD("setProgramSortByType, type = %d", a);
+                                                                                 jint type) {
+    ALOGD("setProgramSortByType, type = %d", type);
     return withPlayer<jboolean>(env, thiz, {__func__, 4654, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) { return bit0(p.setProgramSortByType(a)); });
+                                [&](PlayerImpl& p) { return bit0(p.setProgramSortByType(type)); });
 }
 
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCount(JNIEnv* env,
@@ -782,39 +806,40 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationCount(JNI
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_changeSetting(JNIEnv* env, jobject thiz,
-                                                                      jint a) {
+                                                                      jint setting) {
     ALOGD("native_changeSetting");
-    withPlayer(env, thiz, {__func__, 4715, Exc::TvIpc}, [&](PlayerImpl& p) { p.changeSetting(a); });
+    withPlayer(env, thiz, {__func__, 4715, Exc::TvIpc},
+               [&](PlayerImpl& p) { p.changeSetting(setting); });
 }
 
 // ---- HDMI EDID and BISS keys (com_vireo_android_tvapi_common_ names) ----
 PIJ_EXPORT jint com_vireo_android_tvapi_common_PlayerImpl_getHdmiEdidVersionBySource(JNIEnv* env,
                                                                                      jobject thiz,
-                                                                                     jint a) {
-    ALOGD("getHdmiEdidVersionBySource inputSource = %d", a);
+                                                                                     jint source) {
+    ALOGD("getHdmiEdidVersionBySource inputSource = %d", source);
     return withPlayer<jint>(env, thiz, {__func__, 4732, Exc::IllegalState}, 0, [&](PlayerImpl& p) {
-        const jint r = static_cast<int16_t>(p.getHdmiEdidVersionBySource(a));
+        const jint r = static_cast<int16_t>(p.getHdmiEdidVersionBySource(source));
         ALOGD("re = %d", static_cast<int>(r));
         return r;
     });
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setHdmiEdidVersionBySource(
-    JNIEnv* env, jobject thiz, jint a, jint b) {
-    ALOGD("setHdmiEdidVersionBySource inputSource = %d, hdmiEdidVersion = %d", a, b);
-    return withPlayer<jboolean>(env, thiz, {__func__, 4751, Exc::IllegalState}, false,
-                                [&](PlayerImpl& p) {
-                                    const jboolean r = bit0(p.setHdmiEdidVersionBySource(a, b));
-                                    ALOGD("re = %d", static_cast<int>(r));
-                                    return r;
-                                });
+    JNIEnv* env, jobject thiz, jint source, jint version) {
+    ALOGD("setHdmiEdidVersionBySource inputSource = %d, hdmiEdidVersion = %d", source, version);
+    return withPlayer<jboolean>(
+        env, thiz, {__func__, 4751, Exc::IllegalState}, false, [&](PlayerImpl& p) {
+            const jboolean r = bit0(p.setHdmiEdidVersionBySource(source, version));
+            ALOGD("re = %d", static_cast<int>(r));
+            return r;
+        });
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_common_PlayerImpl_clearProgramBISSKeyByNumber(JNIEnv* env,
                                                                                       jobject thiz,
-                                                                                      jint a,
-                                                                                      jint b) {
-    ALOGD("clearProgramBISSKeyByNumber progNumber = %d, progType = %d", a, b);
+                                                                                      jint program,
+                                                                                      jint type) {
+    ALOGD("clearProgramBISSKeyByNumber progNumber = %d, progType = %d", program, type);
     withPlayer(env, thiz, {__func__, 4814, Exc::IllegalState},
-               [&](PlayerImpl& p) { p.clearProgramBISSKeyByNumber(a, b); });
+               [&](PlayerImpl& p) { p.clearProgramBISSKeyByNumber(program, type); });
 }

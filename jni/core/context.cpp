@@ -49,6 +49,26 @@ bool makeScanObject(JNIEnv* env, const char* path, std::atomic<jclass>& cls,
     return true;
 }
 
+// Puts `next` (or nothing) in a slot the service's threads read, and deletes the global
+// reference it held once no event is between reading the slot and taking its own local
+// reference (see takeLocal in events/payloads.cpp). Sequentially consistent, as the readers'
+// side: see ScanObjects::readers.
+template <typename T>
+void replaceGlobal(JNIEnv* env, std::atomic<T>& slot, T next) {
+    T ref = slot.exchange(next, std::memory_order_seq_cst);
+    if (ref != nullptr) {
+        while (gScan.readers.load(std::memory_order_seq_cst) != 0) {
+            std::this_thread::yield();  // a scan event is taking its own reference
+        }
+        env->DeleteGlobalRef(ref);
+    }
+}
+
+template <typename T>
+void deleteGlobal(JNIEnv* env, std::atomic<T>& slot) {
+    replaceGlobal(env, slot, static_cast<T>(nullptr));
+}
+
 // The HbbTV event's value class, kept for the events that arrive on the service's threads:
 // there the runtime resolves a class by name through the system class loader only, which does
 // not see the classes an application or a shared library brings. Taken here, on the managed
@@ -61,19 +81,7 @@ void keepHbbtvClass(JNIEnv* env) {
         env->ExceptionClear();
         return;
     }
-    gScan.hbbtvClass.store(static_cast<jclass>(env->NewGlobalRef(local.get())));
-}
-
-template <typename T>
-void deleteGlobal(JNIEnv* env, std::atomic<T>& slot) {
-    // Sequentially consistent, as the readers' side: see ScanObjects::readers.
-    T ref = slot.exchange(nullptr, std::memory_order_seq_cst);
-    if (ref != nullptr) {
-        while (gScan.readers.load(std::memory_order_seq_cst) != 0) {
-            std::this_thread::yield();  // a scan event is taking its own reference
-        }
-        env->DeleteGlobalRef(ref);
-    }
+    replaceGlobal(env, gScan.hbbtvClass, static_cast<jclass>(env->NewGlobalRef(local.get())));
 }
 
 // Same order in native_finalize and suspend.

@@ -6,16 +6,22 @@
 
 #include "core/context.h"
 #include "core/handlers.h"
+#include "core/native_row.h"
 
 namespace pij {
 namespace {
 
-// One row of the table: managed name, signature, handler. Local to this table.
-#define PIJ_NATIVE(name, signature, handler) {name, signature, reinterpret_cast<void*>(handler)}
+// Row 112 is registered "()Z" but its exported handler is written with two further ints that
+// the runtime never passes: the row binds this function of the registered type instead.
+jboolean resetRrtInformationRow(JNIEnv* env, jobject thiz) {
+    return com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation(env, thiz, 0, 0);
+}
+
 #define PIJ_VO "Lcom/vireo/android/tvapi/"
 
 // Registration order is the managed side's contract; keep every row where it stands. Each
-// row: managed name and signature, then the handler.
+// row: managed name and signature, then the handler, whose C++ type the compiler checks
+// against the signature (core/native_row.h).
 // clang-format off
 JNINativeMethod gMethods[] = {
     PIJ_NATIVE("native_init", "()V",  // 0
@@ -243,7 +249,7 @@ JNINativeMethod gMethods[] = {
     PIJ_NATIVE("native_getRRTInformation", "(Landroid/os/Parcel;)V",  // 111
                com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation),
     PIJ_NATIVE("resetRrtInformation", "()Z",  // 112
-               com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation),
+               resetRrtInformationRow),
     PIJ_NATIVE("sendMheg5Key", "(I)Z",  // 113
                com_vireo_android_tvapi_impl_PlayerImpl_sendMheg5Key),
     PIJ_NATIVE("native_getVChipRatingInfo", "(Landroid/os/Parcel;Landroid/os/Parcel;)Z",  // 114
@@ -322,7 +328,6 @@ JNINativeMethod gMethods[] = {
 // clang-format on
 
 #undef PIJ_VO
-#undef PIJ_NATIVE
 
 static_assert(sizeof(gMethods) / sizeof(gMethods[0]) == kNativeMethodCount,
               "the managed class has 150 native rows");

@@ -49,6 +49,20 @@ constexpr Dispatch kNotifyCBTable[] = {
 #undef PIJ_CALLBACK_EVENT
 };
 
+// The service's number for an event that notify() dispatches, from the table above.
+template <size_t N>
+constexpr int numberOf(const Dispatch (&table)[N], EventCode code) {
+    for (const Dispatch& row : table) {
+        if (row.code == code) return row.number;
+    }
+    return 0;
+}
+constexpr int kSignalLockNumber = numberOf(kNotifyTable, ESIGNAL_LOCK);
+constexpr int kSignalUnlockNumber = numberOf(kNotifyTable, ESIGNAL_UNLOCK);
+constexpr int kScreenSaverNumber = numberOf(kNotifyTable, ESCREEN_SAVER_MODE);
+static_assert(kSignalLockNumber != 0 && kSignalUnlockNumber != 0 && kScreenSaverNumber != 0,
+              "the signal and screen-saver operations go through notify's table");
+
 template <size_t N>
 const Dispatch* lookup(const Dispatch (&table)[N], int number) {
     for (const Dispatch& row : table) {
@@ -191,17 +205,17 @@ void JNIVSrvListener::notifyCB(int event, int ext1, int ext2, const android::Par
 
 void JNIVSrvListener::PostEvent_SignalLock(int ext1, int ext2) {
     ALOGD("PostEvent_SignalLock");
-    notify(0x20001019, ext1, ext2, nullptr);
+    notify(kSignalLockNumber, ext1, ext2, nullptr);
 }
 
 void JNIVSrvListener::PostEvent_SignalUnlock(int ext1, int ext2) {
     ALOGD("PostEvent_SignalUnlock");
-    notify(0x20001018, ext1, ext2, nullptr);
+    notify(kSignalUnlockNumber, ext1, ext2, nullptr);
 }
 
 // Logs nothing of its own: the screen-saver line comes from notify.
 void JNIVSrvListener::PostEvent_ScreenSaverMode(int ext1, int ext2) {
-    notify(0x2000101c, ext1, ext2, nullptr);
+    notify(kScreenSaverNumber, ext1, ext2, nullptr);
 }
 
 void JNIVSrvListener::PostEvent_OadHandler(int ext1, int ext2) {

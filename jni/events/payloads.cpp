@@ -58,7 +58,6 @@ constexpr Field<AtvValues> kAtvFields[] = {
 };
 constexpr auto kAtvEventScan =
     valueClass("com/vireo/android/tvapi/atv/vo/AtvEventScan", kAtvFields);
-PIJ_REGISTER_VALUE_CLASS(kAtvEventScan);
 
 // Zero extension of the record's unsigned fields, then the managed field's width.
 constexpr Field<DtvEventScanRec> kDtvFields[] = {
@@ -77,7 +76,6 @@ constexpr Field<DtvEventScanRec> kDtvFields[] = {
 };
 constexpr auto kDtvEventScan =
     valueClass("com/vireo/android/tvapi/dtv/vo/DtvEventScan", kDtvFields);
-PIJ_REGISTER_VALUE_CLASS(kDtvEventScan);
 
 constexpr int kHbbtvParams = 10;
 struct HbbtvValues {
@@ -90,7 +88,6 @@ constexpr Field<HbbtvValues> kHbbtvFields[] = {
 };
 constexpr auto kHbbtvEventInfo =
     valueClass("com/vireo/android/tvapi/common/vo/HbbtvEventInfo", kHbbtvFields);
-PIJ_REGISTER_VALUE_CLASS(kHbbtvEventInfo);
 
 // References made per event: class, object, array or string, with room to spare.
 constexpr jint kEventFrame = 8;
@@ -185,7 +182,13 @@ jclass findHbbtvClass(JNIEnv* env) {
     return takeLocal(env, gScan.hbbtvClass);
 }
 
+// The classes above as the check tool reads them.
+constexpr ManagedClass kClasses[] = {PIJ_DESCRIBE(kAtvEventScan), PIJ_DESCRIBE(kDtvEventScan),
+                                     PIJ_DESCRIBE(kHbbtvEventInfo)};
+
 }  // namespace
+
+constexpr ManagedClassList kPayloadClasses = classList(kClasses);
 
 void postAtvScan(const JNIVSrvListener& listener, const android::Parcel& p, AtvScanKind kind) {
     const AtvKindInfo& k = atvKind(kind);

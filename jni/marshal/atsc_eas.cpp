@@ -7,16 +7,10 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
-
-// Source lines the failure reports carry, in the order of the methods in this file.
-constexpr int kLineTsUpdateInfo = 3668;
-constexpr int kLineEasProgressDone = 3681;
-constexpr int kLineEasAudioDesired = 3693;
-constexpr int kLineEasProgressStatus = 3705;
-constexpr int kLineEasInProgress = 3721;
 
 using pij::Copy;
 using pij::Field;
@@ -32,7 +26,6 @@ constexpr auto kExceptionLookup = pij::orderOf(kExceptionFields, "u16ExcMajorNum
                                                "u16ExcOOB_SrcID", "bInBandRef");
 constexpr auto kEasException = pij::valueClass(
     "com/vireo/android/tvapi/dtv/vo/VapiPsipEasException", kExceptionFields, &kExceptionLookup);
-PIJ_REGISTER_VALUE_CLASS(kEasException);
 
 constexpr Field<VapiPsipEasLocationCodeRec> kLocationFields[] = {
     PIJ_FIELD(VapiPsipEasLocationCodeRec, u8StateCode, I),
@@ -41,7 +34,6 @@ constexpr Field<VapiPsipEasLocationCodeRec> kLocationFields[] = {
 };
 constexpr auto kEasLocation =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/VapiPsipEasLocationCode", kLocationFields);
-PIJ_REGISTER_VALUE_CLASS(kEasLocation);
 
 // The ids of the entry classes, in Copy::nested (see getEASInProgress).
 enum Nested { kNestedException, kNestedLocation };
@@ -51,16 +43,16 @@ template <typename Entry>
 bool setEntries(const Copy& c, jobject obj, jfieldID id, const pij::ValueClass<Entry>& vc,
                 const pij::FieldIds& ids, const Entry (&entries)[kEasEntries]) {
     JNIEnv* env = c.env;
-    jobjectArray array = env->NewObjectArray(kEasEntries, ids.cls, nullptr);
-    if (array == nullptr) return false;  // no memory: the runtime's exception is pending
+    ScopedLocalRef<jobjectArray> array(env, env->NewObjectArray(kEasEntries, ids.cls, nullptr));
+    if (array.get() == nullptr) return false;  // no memory: the runtime's exception is pending
     for (jsize i = 0; i < kEasEntries; ++i) {
-        jobject element = pij::allocate(env, ids);
-        if (element == nullptr || !pij::toObject(c, element, vc, ids, entries[i])) return false;
-        env->SetObjectArrayElement(array, i, element);
-        env->DeleteLocalRef(element);
+        ScopedLocalRef<jobject> element(env, pij::allocate(env, ids));
+        if (element.get() == nullptr || !pij::toObject(c, element.get(), vc, ids, entries[i])) {
+            return false;
+        }
+        env->SetObjectArrayElement(array.get(), i, element.get());
     }
-    env->SetObjectField(obj, id, array);
-    env->DeleteLocalRef(array);
+    env->SetObjectField(obj, id, array.get());
     return true;
 }
 
@@ -97,7 +89,6 @@ constexpr Field<MwAtscEasInfoRec> kEasFields[] = {
 };
 constexpr auto kEasInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/MwAtscEasInfo", kEasFields);
-PIJ_REGISTER_VALUE_CLASS(kEasInfo);
 
 // The unsupported methods neither lock nor touch the player: a trace line, the report line.
 void reportUnsupported(const char* what, const char* fn, int line) {
@@ -105,41 +96,46 @@ void reportUnsupported(const char* what, const char* fn, int line) {
     pij::reportFatal(fn, line, pij::Exc::TvUnsupported);
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kEasException), PIJ_DESCRIBE(kEasLocation),
+                                          PIJ_DESCRIBE(kEasInfo)};
+
 }  // namespace
 
+constexpr pij::ManagedClassList pij::kAtscEasClasses = pij::classList(kClasses);
+
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTSUpdateInfo(JNIEnv*, jobject, jint) {
-    reportUnsupported("getTSUpdateInfo", __func__, kLineTsUpdateInfo);
+    reportUnsupported("getTSUpdateInfo", __func__, 3668);
     return nullptr;
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setEasProgressDone(JNIEnv*, jobject) {
-    reportUnsupported("setEasProgressDone", __func__, kLineEasProgressDone);
+    reportUnsupported("setEasProgressDone", __func__, 3681);
 }
 
 PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setEasAudioDesired(JNIEnv*, jobject,
                                                                            jboolean) {
-    reportUnsupported("setEasAudioDesired", __func__, kLineEasAudioDesired);
+    reportUnsupported("setEasAudioDesired", __func__, 3693);
 }
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEasProgressSatus(JNIEnv*, jobject) {
-    reportUnsupported("getEasProgressSatus", __func__, kLineEasProgressStatus);
+    reportUnsupported("getEasProgressSatus", __func__, 3705);
     return JNI_FALSE;
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEASInProgress(JNIEnv* env,
                                                                             jobject thiz) {
     ALOGD("getEASInProgress");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineEasInProgress, pij::Exc::TvIpc},
-                           jobject{}, [&](PlayerImpl& p) {
-                               MwAtscEasInfoRec rec{};  // cleared; the player fills all of it
-                               p.getEASInProgress(rec);
+    return pij::withPlayer(
+        env, thiz, pij::Site{__func__, 3721, pij::Exc::TvIpc}, jobject{}, [&](PlayerImpl& p) {
+            MwAtscEasInfoRec rec{};  // cleared; the player fills all of it
+            p.getEASInProgress(rec);
 
-                               // The alert's class, then its two entry classes, each with its ids.
-                               jobject obj =
-                                   pij::newObjectWithNested(env, "getEASInProgress", kEasInfo,
-                                                            kEasException, kEasLocation, rec);
-                               if (obj == nullptr) return obj;
-                               ALOGD("RETURN  jobject_EasInfo");
-                               return obj;
-                           });
+            // The alert's class, then its two entry classes, each with its ids.
+            jobject obj = pij::newObjectWithNested(env, "getEASInProgress", kEasInfo, kEasException,
+                                                   kEasLocation, rec);
+            if (obj == nullptr) return obj;
+            ALOGD("RETURN  jobject_EasInfo");
+            return obj;
+        });
 }

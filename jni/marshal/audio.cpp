@@ -9,6 +9,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -28,7 +29,6 @@ constexpr auto kLangLookup =
     pij::orderOf(kLangFields, "isoLangInfo", "audioMode", "audioType", "isValid");
 constexpr auto kLangIso639 =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/LangIso639", kLangFields, &kLangLookup);
-PIJ_REGISTER_VALUE_CLASS(kLangIso639);
 
 // The ids of the classes nested in DtvAudioInfo, in Copy::nested (see audioInfo).
 enum Nested { kNestedTrack, kNestedLang };
@@ -36,12 +36,12 @@ enum Nested { kNestedTrack, kNestedLang };
 // A track's isoLangInfo: a new LangIso639.
 bool langOut(const Copy& c, jobject track, jfieldID id, const AudioInfoRec& entry) {
     const pij::FieldIds& ids = c.nested[kNestedLang];
-    jobject lang = pij::allocate(c.env, ids);
-    if (lang == nullptr || !pij::toObject(c, lang, kLangIso639, ids, entry.isoLangInfo)) {
+    ScopedLocalRef<jobject> lang(c.env, pij::allocate(c.env, ids));
+    if (lang.get() == nullptr ||
+        !pij::toObject(c, lang.get(), kLangIso639, ids, entry.isoLangInfo)) {
         return false;
     }
-    c.env->SetObjectField(track, id, lang);
-    c.env->DeleteLocalRef(lang);
+    c.env->SetObjectField(track, id, lang.get());
     return true;
 }
 
@@ -58,7 +58,6 @@ constexpr auto kTrackLookup = pij::orderOf(kTrackFields, "isoLangInfo", "audioPi
                                            "broadcastMixAd", "aacType", "aacProfileAndLevel");
 constexpr auto kAudioInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/AudioInfo", kTrackFields, &kTrackLookup);
-PIJ_REGISTER_VALUE_CLASS(kAudioInfo);
 
 // The number of entries to convert. The record holds 16; a larger count would read past it,
 // so at most 16 are read, with an ERROR line. A negative count is returned as it is and
@@ -81,26 +80,27 @@ bool tracksOut(const Copy& c, jobject result, jfieldID id, const DtvAudioInfoRec
     // than by asking for the array: on the device's runtime NewObjectArray with a negative
     // length aborts the whole process instead of throwing.
     if (count < 0) {
-        char length[8];
+        char length[12];  // any int: a sign, ten digits and the NUL
         snprintf(length, sizeof length, "%d", count);
-        env->ThrowNew(env->FindClass("java/lang/NegativeArraySizeException"), length);
+        ScopedLocalRef<jclass> refused(env, env->FindClass("java/lang/NegativeArraySizeException"));
+        // Without the class its own NoClassDefFoundError is pending instead.
+        if (refused.get() != nullptr) env->ThrowNew(refused.get(), length);
         return false;
     }
     const pij::FieldIds& trackIds = c.nested[kNestedTrack];
-    jobjectArray tracks = env->NewObjectArray(count, trackIds.cls, nullptr);
+    ScopedLocalRef<jobjectArray> tracks(env, env->NewObjectArray(count, trackIds.cls, nullptr));
     // No array (no memory): the runtime's exception is pending, so no further call goes into
     // the VM; the managed caller gets that exception, not a half-made object.
-    if (tracks == nullptr) return false;
+    if (tracks.get() == nullptr) return false;
     for (jsize i = 0; i < count; ++i) {
-        jobject track = pij::allocate(env, trackIds);
-        if (track == nullptr || !pij::toObject(c, track, kAudioInfo, trackIds, rec.audioInfos[i])) {
+        ScopedLocalRef<jobject> track(env, pij::allocate(env, trackIds));
+        if (track.get() == nullptr ||
+            !pij::toObject(c, track.get(), kAudioInfo, trackIds, rec.audioInfos[i])) {
             return false;
         }
-        env->SetObjectArrayElement(tracks, i, track);
-        env->DeleteLocalRef(track);
+        env->SetObjectArrayElement(tracks.get(), i, track.get());
     }
-    env->SetObjectField(result, id, tracks);
-    env->DeleteLocalRef(tracks);
+    env->SetObjectField(result, id, tracks.get());
     return true;
 }
 
@@ -115,11 +115,6 @@ constexpr auto kDtvAudioLookup = pij::orderOf(kDtvAudioFields, "audioLangNum", "
                                               "currentAudioIndex", "currentChannelMode");
 constexpr auto kDtvAudioInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/DtvAudioInfo",
                                                kDtvAudioFields, &kDtvAudioLookup);
-PIJ_REGISTER_VALUE_CLASS(kDtvAudioInfo);
-
-// Source lines the failure reports carry.
-constexpr int kLineAudioInfo = 2225;
-constexpr int kLineAudioInfoEx = 2307;
 
 template <typename Query>
 jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const char* what,
@@ -134,15 +129,19 @@ jobject audioInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
         });
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kLangIso639), PIJ_DESCRIBE(kAudioInfo),
+                                          PIJ_DESCRIBE(kDtvAudioInfo)};
+
 }  // namespace
 
+constexpr pij::ManagedClassList pij::kAudioClasses = pij::classList(kClasses);
+
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo(JNIEnv* env, jobject thiz) {
-    return audioInfo(env, thiz, __func__, kLineAudioInfo, "getAudioInfo",
-                     &PlayerImpl::getAudioInfo);
+    return audioInfo(env, thiz, __func__, 2225, "getAudioInfo", &PlayerImpl::getAudioInfo);
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAudioInfo_ex(JNIEnv* env,
                                                                            jobject thiz) {
-    return audioInfo(env, thiz, __func__, kLineAudioInfoEx, "getAudioInfo_ex",
-                     &PlayerImpl::getAudioInfo_ex);
+    return audioInfo(env, thiz, __func__, 2307, "getAudioInfo_ex", &PlayerImpl::getAudioInfo_ex);
 }

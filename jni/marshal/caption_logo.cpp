@@ -18,13 +18,6 @@ using pij::Exc;
 using pij::kLogoCapacity;
 using pij::Site;
 
-// Source lines of the failure reports (rows 101, 102 and 110).
-constexpr int kLineGetLogoData = 3640;
-constexpr int kLineGetChannelLogo = 3690;
-constexpr int kLineDrawPreviewNoPlayer = 3851;
-constexpr int kLineDrawPreviewNullSetting = 3855;
-constexpr int kLineDrawPreviewNoClass = 3861;
-
 // Read in this order, each id fetched just before its field; each short keeps its low 8
 // bits, with no range test: 258 becomes 2.
 constexpr pij::Field<CaptionOptionSettingRec> kCaptionFields[] = {
@@ -41,29 +34,32 @@ constexpr pij::Field<CaptionOptionSettingRec> kCaptionFields[] = {
 };
 constexpr auto kCaptionOptionSetting =
     pij::valueClass("com/vireo/android/tvapi/common/vo/CaptionOptionSetting", kCaptionFields);
-PIJ_REGISTER_VALUE_CLASS(kCaptionOptionSetting);
 
 // Byte logo: the bytes, then A and B.
 constexpr jsize kLogoDataLength = kLogoCapacity + 2;
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kCaptionOptionSetting)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kCaptionLogoClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin(JNIEnv* env,
                                                                              jobject thiz,
                                                                              jobject setting) {
     ALOGD("drawPreviewCCWin");
     const char* fn = __func__;  // inside the body below __func__ would name the lambda
-    return pij::withPlayer(env, thiz, Site{__func__, kLineDrawPreviewNoPlayer, Exc::IllegalState},
-                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {
+    return pij::withPlayer(env, thiz, Site{__func__, 3851, Exc::IllegalState}, jboolean{JNI_FALSE},
+                           [&](PlayerImpl& p) -> jboolean {
                                if (setting == nullptr) {
-                                   pij::reportFatal(fn, kLineDrawPreviewNullSetting,
-                                                    Exc::IllegalState);
+                                   pij::reportFatal(fn, 3855, Exc::IllegalState);
                                    return JNI_FALSE;
                                }
                                // The object's own class, so that a subclass is accepted.
                                ScopedLocalRef<jclass> cls(env, env->GetObjectClass(setting));
                                if (cls.get() == nullptr) {
-                                   pij::reportFatal(fn, kLineDrawPreviewNoClass, Exc::IllegalState);
+                                   pij::reportFatal(fn, 3861, Exc::IllegalState);
                                    return JNI_FALSE;
                                }
                                // A field the class lacks leaves the runtime's error pending for the
@@ -82,7 +78,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_drawPreviewCCWin(JNI
 PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getLogoData(JNIEnv* env,
                                                                          jobject thiz) {
     ALOGD("getLogoData");
-    Site site{__func__, kLineGetLogoData, Exc::IllegalState};
+    Site site{__func__, 3640, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jintArray{nullptr}, [&](PlayerImpl& p) -> jintArray {
         uint8_t bytes[kLogoCapacity] = {};
         int32_t a = 0;
@@ -102,7 +98,7 @@ PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getLogoData(JNIEnv*
 PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_getChannelLogoARGB(JNIEnv* env,
                                                                                 jobject thiz) {
     ALOGD("getChannelLogoARGB");
-    Site site{__func__, kLineGetChannelLogo, Exc::IllegalState};
+    Site site{__func__, 3690, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jintArray{nullptr}, [&](PlayerImpl& p) -> jintArray {
         uint32_t pixels[kLogoCapacity] = {};
         int32_t a = 0;

@@ -6,6 +6,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -22,7 +23,6 @@ constexpr Field<DtvDemodVersionRec> kVersionFields[] = {
 };
 constexpr auto kDemodVersion =
     pij::valueClass("com/vireo/android/tvapi/dtv/vo/DtvDemodVersion", kVersionFields);
-PIJ_REGISTER_VALUE_CLASS(kDemodVersion);
 
 // DtvDemodDvbtInfo: each id is fetched just before its field is set, in this order.
 constexpr Field<DtvDemodDvbtInfoRec> kDvbtFields[] = {
@@ -47,7 +47,6 @@ constexpr Field<DtvDemodDvbtInfoRec> kDvbtFields[] = {
 };
 constexpr auto kDvbtInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/dvbt/DtvDemodDvbtInfo", kDvbtFields);
-PIJ_REGISTER_VALUE_CLASS(kDvbtInfo);
 
 // DtvDemodDvbcInfo: likewise fetched and set one by one, in this order.
 constexpr Field<DtvDemodDvbcInfoRec> kDvbcFields[] = {
@@ -69,12 +68,6 @@ constexpr Field<DtvDemodDvbcInfoRec> kDvbcFields[] = {
 };
 constexpr auto kDvbcInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/dvbc/DtvDemodDvbcInfo", kDvbcFields);
-PIJ_REGISTER_VALUE_CLASS(kDvbcInfo);
-
-// Source lines the failure reports carry.
-constexpr int kLineVersion = 3270;
-constexpr int kLineDvbt = 3378;
-constexpr int kLineDvbc = 3457;
 
 // The DVB-T and DVB-C queries: a false answer gives null without any log line; otherwise
 // the object is allocated first and each field is fetched and set in turn.
@@ -88,7 +81,7 @@ jobject demodInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
             Rec rec{};
             if (pij::bit0((p.*query)(rec)) == 0) return nullptr;
             pij::FieldIds ids;
-            ids.cls = env->FindClass(vc.path);
+            ids.own(env, env->FindClass(vc.path));
             if (ids.cls == nullptr) return nullptr;
             jobject obj = pij::allocate(env, ids);
             if (obj == nullptr ||
@@ -99,14 +92,20 @@ jobject demodInfo(JNIEnv* env, jobject thiz, const char* fn, int line, const cha
         });
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kDemodVersion), PIJ_DESCRIBE(kDvbtInfo),
+                                          PIJ_DESCRIBE(kDvbcInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kDemodClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion(JNIEnv* env,
                                                                               jobject thiz,
                                                                               jint type) {
     ALOGD("getDTVDemodVersion");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineVersion, pij::Exc::IllegalState},
-                           jobject{}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 3270, pij::Exc::IllegalState}, jobject{},
+                           [&](PlayerImpl& p) {
                                DtvDemodVersionRec rec{};
                                p.getDTVDemodVersion(type, rec);  // the answer is not looked at
                                return pij::newObject(env, "getDTVDemodVersion", kDemodVersion, rec);
@@ -115,12 +114,12 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDTVDemodVersion(JN
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBTInfo(JNIEnv* env,
                                                                             jobject thiz) {
-    return demodInfo(env, thiz, __func__, kLineDvbt, "getDemodDVBTInfo",
-                     &PlayerImpl::getDemodDVBTInfo, kDvbtInfo);
+    return demodInfo(env, thiz, __func__, 3378, "getDemodDVBTInfo", &PlayerImpl::getDemodDVBTInfo,
+                     kDvbtInfo);
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getDemodDVBCInfo(JNIEnv* env,
                                                                             jobject thiz) {
-    return demodInfo(env, thiz, __func__, kLineDvbc, "getDemodDVBCInfo",
-                     &PlayerImpl::getDemodDVBCInfo, kDvbcInfo);
+    return demodInfo(env, thiz, __func__, 3457, "getDemodDVBCInfo", &PlayerImpl::getDemodDVBCInfo,
+                     kDvbcInfo);
 }

@@ -20,13 +20,6 @@ using pij::Exc;
 using pij::Field;
 using pij::Site;
 
-// Source lines of the failure reports (rows 137 to 140 and 143).
-constexpr int kLineGetEws = 4528;
-constexpr int kLineGetEwbs = 4548;
-constexpr int kLineSetEwbsOp = 4590;
-constexpr int kLineGetEwbsOp = 4610;
-constexpr int kLineGetUserLocation = 4688;
-
 // codeList always has this many entries; dataLen says how many the player reported.
 constexpr jsize kEwbsCodes = 100;
 
@@ -66,7 +59,6 @@ constexpr auto kEwbsInfoLookup =
     pij::orderOf(kEwbsInfoFields, "reqAreaCode", "returnCode", "titleType", "codeList", "dataLen");
 constexpr auto kEwbsInfo = pij::valueClass("com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsInfo",
                                            kEwbsInfoFields, &kEwbsInfoLookup);
-PIJ_REGISTER_VALUE_CLASS(kEwbsInfo);
 
 struct EwbsOpInfoValues {
     int32_t reqOp;
@@ -80,7 +72,6 @@ constexpr Field<EwbsOpInfoValues> kEwbsOpInfoFields[] = {
 };
 constexpr auto kEwbsOpInfo =
     pij::valueClass("com/vireo/android/tvapi/dtv/dvb/isdb/vo/EwbsOpInfo", kEwbsOpInfoFields);
-PIJ_REGISTER_VALUE_CLASS(kEwbsOpInfo);
 
 // Signed 16-bit in the record: western and southern values stay negative. The name is set
 // last and fetched first.
@@ -93,16 +84,21 @@ constexpr auto kLocationLookup =
     pij::orderOf(kLocationFields, "locationName", "longitude", "latitude");
 constexpr auto kLocationInfo = pij::valueClass(
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/LocationInfo", kLocationFields, &kLocationLookup);
-PIJ_REGISTER_VALUE_CLASS(kLocationInfo);
+
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kEwbsInfo), PIJ_DESCRIBE(kEwbsOpInfo),
+                                          PIJ_DESCRIBE(kLocationInfo)};
 
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kIsdbClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo(JNIEnv* env, jobject thiz,
                                                                        jobject request,
                                                                        jobject reply) {
     ALOGI("getEWSInfo");
-    return pij::withPlayer(env, thiz, Site{__func__, kLineGetEws, Exc::IllegalState},
-                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, Site{__func__, 4528, Exc::IllegalState}, jboolean{JNI_FALSE},
+                           [&](PlayerImpl& p) {
                                android::Parcel* in = VndkGetParcelForJavaObject(env, request);
                                android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
                                // A parcel that could not be converted goes on as null.
@@ -113,7 +109,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_getEWSInfo(JNIEnv* e
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEWBSInfo(JNIEnv* env, jobject thiz,
                                                                        jint areaCode) {
     ALOGI("getEWBSInfo, code = %d", areaCode);
-    Site site{__func__, kLineGetEwbs, Exc::IllegalState};
+    Site site{__func__, 4548, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
         int32_t titleType = 0;
         std::vector<int32_t> codes;
@@ -130,7 +126,7 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEWBSInfo(JNIEnv* e
 PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_setEWBSOpInfo(JNIEnv* env, jobject thiz,
                                                                       jint op, jint value) {
     ALOGD("setEWBSOpInfo, %d %d", op, value);
-    return pij::withPlayer(env, thiz, Site{__func__, kLineSetEwbsOp, Exc::IllegalState}, jint{0},
+    return pij::withPlayer(env, thiz, Site{__func__, 4590, Exc::IllegalState}, jint{0},
                            [&](PlayerImpl& p) {
                                int32_t ret = p.setEWBSOpInfo(op, value);
                                ALOGD("ret = %d", ret);
@@ -141,7 +137,7 @@ PIJ_EXPORT jint com_vireo_android_tvapi_impl_PlayerImpl_setEWBSOpInfo(JNIEnv* en
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getEWBSOpInfo(JNIEnv* env, jobject thiz,
                                                                          jint op) {
     ALOGI("getEWBSOpInfo, op = %d", op);
-    Site site{__func__, kLineGetEwbsOp, Exc::IllegalState};
+    Site site{__func__, 4610, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
         int32_t value = 0;
         int32_t ret = p.getEWBSOpInfo(op, &value);
@@ -156,7 +152,7 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getUserLocationInfo(J
                                                                                jobject thiz,
                                                                                jint index) {
     ALOGD("getUserLocationInfo");
-    Site site{__func__, kLineGetUserLocation, Exc::IllegalState};
+    Site site{__func__, 4688, Exc::IllegalState};
     return pij::withPlayer(env, thiz, site, jobject{nullptr}, [&](PlayerImpl& p) {
         LocationInfoRec rec{};
         p.getUserLocationInfo(index, rec);

@@ -42,7 +42,6 @@ constexpr auto kCurrentMuxLookup =
                  "plpID", "lpCoding", "satID", "bandwidth", "polarityPilotsReserved");
 constexpr auto kDvbMuxInfo = pij::valueClass("com/vireo/android/tvapi/dtv/dvb/vo/DvbMuxInfo",
                                              kMuxFields, &kCurrentMuxLookup);
-PIJ_REGISTER_VALUE_CLASS(kDvbMuxInfo);
 constexpr uint8_t kByProgramLookup[] = {0, 1,  2,  3,  4,  5,  6,  7,  8,
                                         9, 10, 11, 12, 13, 14, 15, 16, 17};
 static_assert(sizeof kByProgramLookup == sizeof kMuxFields / sizeof kMuxFields[0],
@@ -55,21 +54,18 @@ constexpr Field<RfInfoRec> kRfFields[] = {
     PIJ_FIELD(RfInfoRec, rfName, L),
 };
 constexpr auto kRfInfo = pij::valueClass("com/vireo/android/tvapi/dtv/vo/RfInfo", kRfFields);
-PIJ_REGISTER_VALUE_CLASS(kRfInfo);
 
-// Source lines the failure reports carry.
-constexpr int kLineRfInfo = 2389;
-constexpr int kLineCurrentMux = 2508;
-constexpr int kLineMuxByProgram = 2584;
-constexpr int kLineNitNoPlayer = 2944;
-constexpr int kLineNitRefused = 2950;
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kDvbMuxInfo), PIJ_DESCRIBE(kRfInfo)};
 
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kMultiplexClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getRFInfo(JNIEnv* env, jobject thiz,
                                                                      jint type, jint index) {
     ALOGD("getRFInfo");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineRfInfo, pij::Exc::TvIpc}, jobject{},
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 2389, pij::Exc::TvIpc}, jobject{},
                            [&](PlayerImpl& p) {
                                RfInfoRec rec{};  // cleared; the name starts empty
                                p.getRfInfo(type, index, rec);
@@ -80,8 +76,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getRFInfo(JNIEnv* env
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getCurrentMuxInfo(JNIEnv* env,
                                                                              jobject thiz) {
     ALOGD("getCurrentMuxInfo");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineCurrentMux, pij::Exc::TvIpc},
-                           jobject{}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 2508, pij::Exc::TvIpc}, jobject{},
+                           [&](PlayerImpl& p) {
                                DvbMuxInfoRec rec{};
                                p.getCurrentMuxInfo(rec);
                                return pij::newObject(env, "getCurrentMuxInfo", kDvbMuxInfo, rec);
@@ -93,8 +89,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getMuxInfoByProgramNu
                                                                                      jint program,
                                                                                      jshort type) {
     ALOGD("getMuxInfoByProgramNumber");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineMuxByProgram, pij::Exc::TvIpc},
-                           jobject{}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 2584, pij::Exc::TvIpc}, jobject{},
+                           [&](PlayerImpl& p) {
                                DvbMuxInfoRec rec{};
                                p.getMuxInfoByProgramNumber(program, type, rec);
                                return pij::newObject(env, "getMuxInfoByProgramNumber", kDvbMuxInfo,
@@ -107,12 +103,12 @@ PIJ_EXPORT jintArray com_vireo_android_tvapi_impl_PlayerImpl_native_getNitFreque
     ALOGD("native_getNitFrequencyByDtvRegion");
     const char* fn = __func__;
     return pij::withPlayer(
-        env, thiz, pij::Site{fn, kLineNitNoPlayer, pij::Exc::IllegalState}, jintArray{},
+        env, thiz, pij::Site{fn, 2944, pij::Exc::IllegalState}, jintArray{},
         [&](PlayerImpl& p) -> jintArray {
             int32_t freq[2] = {0, 0};  // cleared: a player that answers true writes both
             if (pij::bit0(p.getNitFrequencyByDtvRegion(region, &freq[0], &freq[1])) == 0) {
                 // A refusal is reported like a missing player, naming the same class.
-                pij::reportFatal(fn, kLineNitRefused, pij::Exc::IllegalState);
+                pij::reportFatal(fn, 2950, pij::Exc::IllegalState);
                 return nullptr;
             }
             return static_cast<jintArray>(pij::newArray(env, freq, 2));

@@ -10,6 +10,7 @@
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/scoped.h"
 #include "marshal/marshal_util.h"
 
 namespace {
@@ -17,23 +18,19 @@ namespace {
 using pij::Exc;
 using pij::Site;
 
-// Source lines of the failure reports (rows 111, 112, 114, 147 and 148; the conversion).
-constexpr int kLineParcelConversion = 111;
-constexpr int kLineGetRrt = 3890;
-constexpr int kLineResetRrt = 3912;
-constexpr int kLineGetVChipRating = 3940;
-constexpr int kLineGetAllBiss = 4770;
-constexpr int kLineSetBissKey = 4790;
-
 // The one field of the managed parcel the library reads: the address of its native parcel.
 struct ParcelPeer {
     int64_t mNativePtr;
 };
 constexpr pij::Field<ParcelPeer> kParcelFields[] = {PIJ_FIELD(ParcelPeer, mNativePtr, J)};
 constexpr auto kParcel = pij::valueClass("android/os/Parcel", kParcelFields);
-PIJ_REGISTER_VALUE_CLASS(kParcel);
+
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kParcel)};
 
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kParcelClasses = pij::classList(kClasses);
 
 android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
     // Nothing is thrown into the managed caller: a class or field that is not there is
@@ -45,17 +42,15 @@ android::Parcel* VndkGetParcelForJavaObject(JNIEnv* env, jobject parcel) {
             ALOGE("[Error] clazz == NULL");
         } else {
             pij::clearMissingField(env, kParcel, ids);
-            env->DeleteLocalRef(ids.cls);
         }
         return nullptr;
     }
-    env->DeleteLocalRef(ids.cls);
     if (parcel == nullptr) return nullptr;
     ParcelPeer peer{};
     pij::toRecord(pij::Copy{env, "VndkGetParcelForJavaObject"}, parcel, kParcel, ids, peer);
     const jlong value = peer.mNativePtr;
     if (value == 0) {
-        pij::reportFatal("VndkGetParcelForJavaObject", kLineParcelConversion, Exc::IllegalState);
+        pij::reportFatal("VndkGetParcelForJavaObject", 111, Exc::IllegalState);
         return nullptr;
     }
     // The line says "[Error]" but is what every successful conversion writes.
@@ -67,7 +62,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_getRRTInformation
                                                                                  jobject thiz,
                                                                                  jobject reply) {
     ALOGD("getRRTInformation");
-    pij::withPlayer(env, thiz, Site{__func__, kLineGetRrt, Exc::TvUnsupported}, [&](PlayerImpl& p) {
+    pij::withPlayer(env, thiz, Site{__func__, 3890, Exc::TvUnsupported}, [&](PlayerImpl& p) {
         android::Parcel request;
         p.getRRTInformation(&request, VndkGetParcelForJavaObject(env, reply));
     });
@@ -78,8 +73,8 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformatio
                                                                                   jobject thiz,
                                                                                   jint, jint) {
     ALOGD("resetRrtInformation");
-    return pij::withPlayer(env, thiz, Site{__func__, kLineResetRrt, Exc::IllegalState},
-                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, Site{__func__, 3912, Exc::IllegalState}, jboolean{JNI_FALSE},
+                           [&](PlayerImpl& p) {
                                jboolean re = pij::bit0(p.resetRrtInformation());
                                ALOGD("re = %d", re);
                                return re;
@@ -89,8 +84,8 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformatio
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_native_getVChipRatingInfo(
     JNIEnv* env, jobject thiz, jobject request, jobject reply) {
     ALOGD("getRating");
-    return pij::withPlayer(env, thiz, Site{__func__, kLineGetVChipRating, Exc::IllegalState},
-                           jboolean{JNI_FALSE}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, Site{__func__, 3940, Exc::IllegalState}, jboolean{JNI_FALSE},
+                           [&](PlayerImpl& p) {
                                android::Parcel* in = VndkGetParcelForJavaObject(env, request);
                                android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
                                // The whole answer byte, not only bit 0.
@@ -106,7 +101,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_common_PlayerImpl_getAllBISSProgramInfo(
                                                                                 jobject reply) {
     ALOGI("getAllBISSProgramInfo");
     android::sp<PlayerImpl> player = pij::acquirePlayer(env, thiz);
-    if (player == nullptr) pij::reportFatal(Site{__func__, kLineGetAllBiss, Exc::IllegalState});
+    if (player == nullptr) pij::reportFatal(Site{__func__, 4770, Exc::IllegalState});
     android::Parcel* out = VndkGetParcelForJavaObject(env, reply);
     if (player == nullptr) pij::endProcessWithoutPlayer();
     player->getAllBISSProgramInfo(out);
@@ -116,7 +111,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyB
     JNIEnv* env, jobject thiz, jint program, jint type, jstring key, jint length) {
     ALOGD("setProgramBISSKeyByNumber");
     return pij::withPlayer(
-        env, thiz, Site{__func__, kLineSetBissKey, Exc::IllegalState}, jboolean{JNI_FALSE},
+        env, thiz, Site{__func__, 4790, Exc::IllegalState}, jboolean{JNI_FALSE},
         [&](PlayerImpl& p) -> jboolean {
             // Out of contract: the managed side passes a key text and its length. A null key
             // or a negative length is refused (false, the player is not called); a length
@@ -129,9 +124,9 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyB
                 ALOGE("setProgramBISSKeyByNumber: negative key length %d refused", length);
                 return JNI_FALSE;
             }
-            const char* chars = env->GetStringUTFChars(key, nullptr);
-            if (chars == nullptr) return JNI_FALSE;  // out of memory; an error is pending
-            size_t available = std::strlen(chars);
+            pij::ScopedUtfChars chars(env, key);
+            if (chars.c_str() == nullptr) return JNI_FALSE;  // out of memory; an error is pending
+            size_t available = std::strlen(chars.c_str());
             if (static_cast<size_t>(length) > available) {
                 ALOGE("setProgramBISSKeyByNumber: key length %d past the %zu-byte key, cut", length,
                       available);
@@ -139,8 +134,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_common_PlayerImpl_setProgramBISSKeyB
             }
             // Zero-filled and never empty, even for a length of 0.
             std::unique_ptr<uint8_t[]> buffer(new uint8_t[static_cast<size_t>(length) + 1]());
-            std::memcpy(buffer.get(), chars, static_cast<size_t>(length));
-            env->ReleaseStringUTFChars(key, chars);
+            std::memcpy(buffer.get(), chars.c_str(), static_cast<size_t>(length));
             jboolean re =
                 pij::bit0(p.setProgramBISSKeyByNumber(program, type, buffer.get(), length));
             ALOGD("re = %d", re);

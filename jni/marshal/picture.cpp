@@ -21,7 +21,6 @@ constexpr Field<VideoArcInfoRec> kArcFields[] = {
 };
 constexpr auto kVideoArcInfo =
     pij::valueClass("com/vireo/android/tvapi/common/vo/VideoArcInfo", kArcFields);
-PIJ_REGISTER_VALUE_CLASS(kVideoArcInfo);
 
 // VideoInfo: the managed order puts the scan type before the mode index, unlike the record.
 constexpr Field<VideoInfoRec> kVideoFields[] = {
@@ -32,7 +31,6 @@ constexpr Field<VideoInfoRec> kVideoFields[] = {
 };
 constexpr auto kVideoInfo =
     pij::valueClass("com/vireo/android/tvapi/common/vo/VideoInfo", kVideoFields);
-PIJ_REGISTER_VALUE_CLASS(kVideoInfo);
 
 // DtvProgramSignalInfo: set in this order, the network name last; the ids are fetched in
 // the managed class's own order.
@@ -49,33 +47,32 @@ constexpr auto kSignalLookup = pij::orderOf(kSignalFields, "rfNumber", "modulati
                                             "quality", "strength", "symbolRate", "networkName");
 constexpr auto kSignalInfo = pij::valueClass(
     "com/vireo/android/tvapi/common/vo/DtvProgramSignalInfo", kSignalFields, &kSignalLookup);
-PIJ_REGISTER_VALUE_CLASS(kSignalInfo);
 
-// Source lines the failure reports carry.
-constexpr int kLineAspectRatio = 1384;
-constexpr int kLineVideoInfo = 1439;
-constexpr int kLineSignalInfo = 2907;
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kVideoArcInfo), PIJ_DESCRIBE(kVideoInfo),
+                                          PIJ_DESCRIBE(kSignalInfo)};
 
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kPictureClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getAspectRatio(JNIEnv* env,
                                                                           jobject thiz) {
     ALOGD("native_getAspectRatio");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineAspectRatio, pij::Exc::TvIpc},
-                           jobject{}, [&](PlayerImpl& p) {
-                               // Cleared, so a field the player leaves alone reads 0
-                               // rather than whatever the stack held.
-                               VideoArcInfoRec rec{};
-                               p.getAspectRatio(rec);
-                               return pij::newObject(env, "native_getAspectRatio", kVideoArcInfo,
-                                                     rec);
-                           });
+    return pij::withPlayer(
+        env, thiz, pij::Site{__func__, 1384, pij::Exc::TvIpc}, jobject{}, [&](PlayerImpl& p) {
+            // Cleared, so a field the player leaves alone reads 0
+            // rather than whatever the stack held.
+            VideoArcInfoRec rec{};
+            p.getAspectRatio(rec);
+            return pij::newObject(env, "native_getAspectRatio", kVideoArcInfo, rec);
+        });
 }
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getVideoInfo(JNIEnv* env, jobject thiz) {
     ALOGD("getVideoInfo");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineVideoInfo, pij::Exc::TvIpc},
-                           jobject{}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 1439, pij::Exc::TvIpc}, jobject{},
+                           [&](PlayerImpl& p) {
                                // Zeroed, so fields the player leaves alone read 0.
                                VideoInfoRec rec{};
                                p.getVideoInfo(rec);
@@ -86,8 +83,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getVideoInfo(JNIEnv* 
 PIJ_EXPORT jobject
 com_vireo_android_tvapi_impl_PlayerImpl_getCurrentSignalInformation(JNIEnv* env, jobject thiz) {
     ALOGD("getCurrentSignalInformation");
-    return pij::withPlayer(env, thiz, pij::Site{__func__, kLineSignalInfo, pij::Exc::IllegalState},
-                           jobject{}, [&](PlayerImpl& p) {
+    return pij::withPlayer(env, thiz, pij::Site{__func__, 2907, pij::Exc::IllegalState}, jobject{},
+                           [&](PlayerImpl& p) {
                                DtvProgramSignalInfoRec rec{};  // cleared; the name starts empty
                                p.getCurrentSignalInformation(rec);
                                // An empty name gives an empty string, never null.

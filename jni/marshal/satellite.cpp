@@ -16,14 +16,6 @@ using pij::Exc;
 using pij::Field;
 using pij::Site;
 
-// Source lines of the failure reports, one per handler (rows 116 and 122 to 126).
-constexpr int kLineGetSatellite = 3976;
-constexpr int kLineGetTransponder = 4180;
-constexpr int kLineUpdateSatellite = 4216;
-constexpr int kLineAddSatellite = 4308;
-constexpr int kLineUpdateTransponder = 4282;
-constexpr int kLineAddTransponder = 4352;
-
 // The managed name into the record, copied whole (a satellite name has no length limit).
 bool satNameIn(const Copy& c, jobject info, jfieldID id, SatelliteInfoRec& rec) {
     ScopedLocalRef<jstring> name(c.env, static_cast<jstring>(c.env->GetObjectField(info, id)));
@@ -75,7 +67,6 @@ constexpr auto kSatelliteLookup = pij::orderOf(
     "angle", "numberOfTp", "satelliteId", "channelId", "frequency", "mdu", "pin", "lnbIdx");
 constexpr auto kSatelliteInfo = pij::valueClass(
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/SatelliteInfo", kSatelliteFields, &kSatelliteLookup);
-PIJ_REGISTER_VALUE_CLASS(kSatelliteInfo);
 
 // The frequency is signed 32 bits and crosses bit for bit; the rest are unsigned. Each
 // managed value is read with the accessor of its declared type. (The service's own reader
@@ -92,7 +83,6 @@ constexpr Field<DvbsTransponderInfoRec> kTransponderFields[] = {
 };
 constexpr auto kTransponderInfo = pij::valueClass(
     "com/vireo/android/tvapi/dtv/dvb/dvbs/vo/DvbsTransponderInfo", kTransponderFields);
-PIJ_REGISTER_VALUE_CLASS(kTransponderInfo);
 
 // Out of contract: a null value object has no fields to read (reading one is a fatal JNI
 // error). It is refused with an ERROR line and false; the player is not called.
@@ -113,7 +103,6 @@ jboolean toPlayer(JNIEnv* env, jobject thiz, jobject info, const Site& site,
         if (!pij::lookUp(env, vc, &ids)) return JNI_FALSE;
         Rec rec{};
         if (!pij::toRecord(Copy{env, site.function}, info, vc, ids, rec)) return JNI_FALSE;
-        env->DeleteLocalRef(ids.cls);
         return pij::bit0(call(p, rec));
     });
 }
@@ -130,20 +119,24 @@ jobject fromPlayer(JNIEnv* env, jobject thiz, const Site& site, const char* what
         call(p, rec);
         jobject obj = pij::allocate(env, ids);
         if (obj == nullptr || !pij::toObject(Copy{env, what}, obj, vc, ids, rec)) return nullptr;
-        env->DeleteLocalRef(ids.cls);
         return obj;
     });
 }
 
+// The classes above as the check tool reads them.
+constexpr pij::ManagedClass kClasses[] = {PIJ_DESCRIBE(kSatelliteInfo),
+                                          PIJ_DESCRIBE(kTransponderInfo)};
+
 }  // namespace
+
+constexpr pij::ManagedClassList pij::kSatelliteClasses = pij::classList(kClasses);
 
 PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getSatelliteInfo(JNIEnv* env,
                                                                             jobject thiz,
                                                                             jint index) {
     ALOGD("getSatelliteInfo");
     return fromPlayer(
-        env, thiz, Site{__func__, kLineGetSatellite, Exc::IllegalState}, "getSatelliteInfo",
-        kSatelliteInfo,
+        env, thiz, Site{__func__, 3976, Exc::IllegalState}, "getSatelliteInfo", kSatelliteInfo,
         [&](PlayerImpl& p, SatelliteInfoRec& rec) { p.getSatelliteInfo(index, rec); });
 }
 
@@ -153,7 +146,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_updateSatelliteInfo(
                                                                                 jobject info) {
     ALOGD("updateSatelliteInfo");
     return toPlayer(
-        env, thiz, info, Site{__func__, kLineUpdateSatellite, Exc::IllegalState}, kSatelliteInfo,
+        env, thiz, info, Site{__func__, 4216, Exc::IllegalState}, kSatelliteInfo,
         [&](PlayerImpl& p, SatelliteInfoRec& rec) { return p.updateSatelliteInfo(index, rec); });
 }
 
@@ -161,8 +154,7 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_addSatelliteInfo(JNI
                                                                              jobject thiz,
                                                                              jobject info) {
     ALOGD("addSatelliteInfo");
-    return toPlayer(env, thiz, info, Site{__func__, kLineAddSatellite, Exc::IllegalState},
-                    kSatelliteInfo,
+    return toPlayer(env, thiz, info, Site{__func__, 4308, Exc::IllegalState}, kSatelliteInfo,
                     [&](PlayerImpl& p, SatelliteInfoRec& rec) { return p.addSatelliteInfo(rec); });
 }
 
@@ -171,9 +163,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTransponderInfo(JN
                                                                               jint satellite,
                                                                               jint index) {
     ALOGD("getTransponderInfo");
-    return fromPlayer(env, thiz, Site{__func__, kLineGetTransponder, Exc::IllegalState},
-                      "getTransponderInfo", kTransponderInfo,
-                      [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
+    return fromPlayer(env, thiz, Site{__func__, 4180, Exc::IllegalState}, "getTransponderInfo",
+                      kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
                           p.getTransponderInfo(satellite, index, rec);
                       });
 }
@@ -181,8 +172,8 @@ PIJ_EXPORT jobject com_vireo_android_tvapi_impl_PlayerImpl_getTransponderInfo(JN
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_updateTransponderInfo(
     JNIEnv* env, jobject thiz, jint satellite, jint index, jobject info) {
     ALOGD("updateTransponderInfo");
-    return toPlayer(env, thiz, info, Site{__func__, kLineUpdateTransponder, Exc::IllegalState},
-                    kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
+    return toPlayer(env, thiz, info, Site{__func__, 4282, Exc::IllegalState}, kTransponderInfo,
+                    [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
                         return p.updateTransponderInfo(satellite, index, rec);
                     });
 }
@@ -192,8 +183,8 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_addTransponderInfo(J
                                                                                jint satellite,
                                                                                jobject info) {
     ALOGD("addTransponderInfo");
-    return toPlayer(env, thiz, info, Site{__func__, kLineAddTransponder, Exc::IllegalState},
-                    kTransponderInfo, [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
+    return toPlayer(env, thiz, info, Site{__func__, 4352, Exc::IllegalState}, kTransponderInfo,
+                    [&](PlayerImpl& p, DvbsTransponderInfoRec& rec) {
                         return p.addTransponderInfo(satellite, rec);
                     });
 }

@@ -2,20 +2,16 @@
 
 #include "marshal/value_classes.h"
 
-#include <utility>
-
 namespace pij {
 namespace {
-std::vector<const ManagedClass*>& registry() {
-    static std::vector<const ManagedClass*> classes;
-    return classes;
-}
+const ManagedClassList* const kLists[] = {
+    &kPayloadClasses, &kAtscEasClasses,   &kAudioClasses,  &kCaptionLogoClasses, &kDemodClasses,
+    &kIsdbClasses,    &kMultiplexClasses, &kParcelClasses, &kPictureClasses,     &kSatelliteClasses,
+};
 }  // namespace
 
-const std::vector<const ManagedClass*>& valueClasses() { return registry(); }
-
-ValueClassRegistration::ValueClassRegistration(ManagedClass mc) : mc_(std::move(mc)) {
-    registry().push_back(&mc_);
+ConstRange<const ManagedClassList*> valueClassLists() {
+    return ConstRange<const ManagedClassList*>{kLists, sizeof kLists / sizeof *kLists};
 }
 
 }  // namespace pij

@@ -1,47 +1,54 @@
 // The managed classes the library builds or reads, with every field it looks up (name and
-// JNI type). Each marshalling file registers its class descriptions here (see
-// marshal/marshal_util.h), so that tools checking a managed build against the library read
-// exactly the rows the library looks its fields up from.
+// JNI type), so that tools checking a managed build against the library read exactly the
+// rows the library looks its fields up from. All of it is constant data: each file that
+// marshals values describes its classes in one list (PIJ_DESCRIBE in marshal/marshal_util.h),
+// and value_classes.cpp gathers those lists. Nothing of it runs when the library is loaded.
 #pragma once
 
 #include <cstddef>
-#include <vector>
 
 namespace pij {
 
+// A constant array seen as a range.
+template <typename T>
+struct ConstRange {
+    const T* first;
+    size_t count;
+    constexpr const T* begin() const { return first; }
+    constexpr const T* end() const { return first + count; }
+};
+
 struct ManagedField {
-    const char* name;
-    const char* signature;
+    const char* name = nullptr;
+    const char* signature = nullptr;
     bool isStatic = false;
 };
 
 struct ManagedClass {
     const char* path;
-    std::vector<ManagedField> fields;  // in the order the library looks them up
+    ConstRange<ManagedField> fields;  // in the order the library looks them up
 };
 
-// Every registered class, in registration order.
-const std::vector<const ManagedClass*>& valueClasses();
+using ManagedClassList = ConstRange<ManagedClass>;
 
-// Holds one class's entry for as long as the library is loaded.
-class ValueClassRegistration {
-public:
-    explicit ValueClassRegistration(ManagedClass mc);
-    ValueClassRegistration(const ValueClassRegistration&) = delete;
-    ValueClassRegistration& operator=(const ValueClassRegistration&) = delete;
+template <size_t N>
+constexpr ManagedClassList classList(const ManagedClass (&classes)[N]) {
+    return ManagedClassList{classes, N};
+}
 
-private:
-    ManagedClass mc_;
-};
+// The classes of each file that marshals values, defined there.
+extern const ManagedClassList kAtscEasClasses;
+extern const ManagedClassList kAudioClasses;
+extern const ManagedClassList kCaptionLogoClasses;
+extern const ManagedClassList kDemodClasses;
+extern const ManagedClassList kIsdbClasses;
+extern const ManagedClassList kMultiplexClasses;
+extern const ManagedClassList kParcelClasses;
+extern const ManagedClassList kPictureClasses;
+extern const ManagedClassList kSatelliteClasses;
+extern const ManagedClassList kPayloadClasses;
+
+// Every file's list.
+ConstRange<const ManagedClassList*> valueClassLists();
 
 }  // namespace pij
-
-// Name pasting for PIJ_REGISTER_VALUE_CLASS (an argument expanded before it is pasted).
-#define PIJ_CONCAT2(a, b) a##b
-#define PIJ_CONCAT(a, b) PIJ_CONCAT2(a, b)
-// At namespace scope in the file that describes the class: registers `vc`, a
-// pij::ValueClass, with the fields of its rows in lookup order. Built when the library is
-// loaded, once; nothing of it is used per call.
-#define PIJ_REGISTER_VALUE_CLASS(vc)                                      \
-    static const ::pij::ValueClassRegistration PIJ_CONCAT(gValueClassReg, \
-                                                          __LINE__)(::pij::managedClassOf(vc))

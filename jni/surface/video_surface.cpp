@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <cinttypes>
+#include <cstddef>
+#include <new>
 
 #include "core/context.h"
 #include "core/frame.h"
@@ -26,9 +28,19 @@ constexpr int kLineHdmiGpioNullArray = 2844;
 // The identity under which the library holds a bound producer's strong reference.
 const void* producerRefId() { return reinterpret_cast<const void*>(&releaseVideoSurface); }
 
-// The one display object, made on first use and kept for the life of the process.
+// Room for the display object. Our declaration of VTvDisaplyImpl shows no members, but the
+// vendor's constructor writes whatever members its own class has, so the object is not made
+// with `new` on our size: it is built in place here, in 4 KiB aligned for any scalar, far
+// more than a display handle needs. Confirm the vendor's size before the first flash.
+constexpr size_t kDisplayStorageSize = 4096;
+static_assert(sizeof(VTvDisaplyImpl) <= kDisplayStorageSize, "the display object must fit");
+static_assert(alignof(VTvDisaplyImpl) <= alignof(std::max_align_t), "and be aligned in it");
+
+// The one display object, made on first use and never destroyed: threads may still bind
+// while the process exits.
 VTvDisaplyImpl* display() {
-    static VTvDisaplyImpl* const sDisplay = new VTvDisaplyImpl();
+    alignas(std::max_align_t) static unsigned char sStorage[kDisplayStorageSize];
+    static VTvDisaplyImpl* const sDisplay = new (sStorage) VTvDisaplyImpl();
     return sDisplay;
 }
 

@@ -1,5 +1,7 @@
 #include "harness/jvm_harness.h"
 
+#include "harness/jni_rules.h"
+
 #include <gtest/gtest.h>
 #include <spawn.h>
 #include <sys/wait.h>
@@ -44,17 +46,76 @@ std::string envOr(const char* name, const char* fallback) {
     return v != nullptr ? v : fallback;
 }
 
+// The managed API and the test classes: in a class loader of their own, as an app's classes
+// are on the device, or (PIJ_SYSTEM_CLASS_PATH=1, for a comparison run) on the VM's class path.
+// A child may be given other jars (a managed side with something missing).
+std::string apiJars() { return envOr("PIJ_CLASSPATH", PIJ_TEST_CLASSPATH); }
+bool onSystemClassPath() { return getenv("PIJ_SYSTEM_CLASS_PATH") != nullptr; }
+jobject gLoader = nullptr;  // a global reference, or null on the system class path
+
+[[noreturn]] void setUpFailed(JNIEnv* e, const char* what) {
+    if (e != nullptr && e->ExceptionCheck()) e->ExceptionDescribe();
+    fprintf(stderr, "%s\n", what);
+    abort();
+}
+
+// new URLClassLoader(the jars as file: URLs, the system class loader)
+void makeLoader(JNIEnv* e) {
+    std::vector<std::string> jars;
+    const std::string all = apiJars();
+    for (size_t at = 0; at <= all.size();) {
+        size_t colon = all.find(':', at);
+        if (colon == std::string::npos) colon = all.size();
+        if (colon > at) jars.push_back(all.substr(at, colon - at));
+        at = colon + 1;
+    }
+    jclass fileClass = e->FindClass("java/io/File");
+    jclass uriClass = e->FindClass("java/net/URI");
+    jclass urlClass = e->FindClass("java/net/URL");
+    jclass loaderClass = e->FindClass("java/net/URLClassLoader");
+    jclass classLoaderClass = e->FindClass("java/lang/ClassLoader");
+    if (e->ExceptionCheck()) setUpFailed(e, "no URLClassLoader");
+    jmethodID newFile = e->GetMethodID(fileClass, "<init>", "(Ljava/lang/String;)V");
+    jmethodID toUri = e->GetMethodID(fileClass, "toURI", "()Ljava/net/URI;");
+    jmethodID toUrl = e->GetMethodID(uriClass, "toURL", "()Ljava/net/URL;");
+    jobjectArray urls = e->NewObjectArray(static_cast<jsize>(jars.size()), urlClass, nullptr);
+    for (size_t k = 0; k < jars.size(); ++k) {
+        jstring path = e->NewStringUTF(jars[k].c_str());
+        jobject file = e->NewObject(fileClass, newFile, path);
+        jobject uri = e->CallObjectMethod(file, toUri);
+        if (e->ExceptionCheck()) setUpFailed(e, "a jar path that is no URI");
+        jobject url = e->CallObjectMethod(uri, toUrl);
+        if (e->ExceptionCheck()) setUpFailed(e, "a jar path that is no URL");
+        e->SetObjectArrayElement(urls, static_cast<jsize>(k), url);
+        for (jobject o : {jobject(path), file, uri, url}) e->DeleteLocalRef(o);
+    }
+    jobject parent = e->CallStaticObjectMethod(
+        classLoaderClass, e->GetStaticMethodID(classLoaderClass, "getSystemClassLoader",
+                                               "()Ljava/lang/ClassLoader;"));
+    if (e->ExceptionCheck()) setUpFailed(e, "no system class loader");
+    jobject loader = e->NewObject(
+        loaderClass,
+        e->GetMethodID(loaderClass, "<init>", "([Ljava/net/URL;Ljava/lang/ClassLoader;)V"), urls,
+        parent);
+    if (loader == nullptr || e->ExceptionCheck()) setUpFailed(e, "cannot make the class loader");
+    gLoader = e->NewGlobalRef(loader);
+    for (jobject o :
+         {jobject(fileClass), jobject(uriClass), jobject(urlClass), jobject(loaderClass),
+          jobject(classLoaderClass), jobject(urls), parent, loader}) {
+        e->DeleteLocalRef(o);
+    }
+}
+
 void createVm() {
-    // A child may be given another class path (a managed side with something missing).
-    std::string cp = "-Djava.class.path=" + envOr("PIJ_CLASSPATH", PIJ_TEST_CLASSPATH);
+    std::string cp = "-Djava.class.path=" + (onSystemClassPath() ? apiJars() : std::string());
     std::string lib = "-Dplayerimpl.library=" + envOr("PIJ_LIBRARY", PIJ_LIBRARY);
     std::vector<JavaVMOption> options;
     options.push_back({const_cast<char*>(cp.c_str()), nullptr});
     options.push_back({const_cast<char*>(lib.c_str()), nullptr});
 #ifdef PIJ_HOSTPARCEL_LIBRARY
     // The natives of the workstation's managed Parcel (obtain, write, read).
-    std::string parcelLib =
-        "-Dplayerimpl.hostparcel.library=" + envOr("PIJ_HOSTPARCEL_LIBRARY", PIJ_HOSTPARCEL_LIBRARY);
+    std::string parcelLib = "-Dplayerimpl.hostparcel.library=" +
+                            envOr("PIJ_HOSTPARCEL_LIBRARY", PIJ_HOSTPARCEL_LIBRARY);
     options.push_back({const_cast<char*>(parcelLib.c_str()), nullptr});
 #endif
     // Benchmarks may time the library without the checked JNI layer (PIJ_NO_CHECK_JNI set).
@@ -69,10 +130,11 @@ void createVm() {
     args.options = options.data();
     args.ignoreUnrecognized = JNI_FALSE;
     JNIEnv* e = nullptr;
-    if (JNI_CreateJavaVM(&gVm, &e, &args) != JNI_OK) {
-        fprintf(stderr, "cannot create the Java VM\n");
-        abort();
-    }
+    if (JNI_CreateJavaVM(&gVm, &e, &args) != JNI_OK)
+        setUpFailed(nullptr, "cannot create the Java VM");
+    // Before anything loads the library: every call it makes is judged from the first.
+    jni_rules::install(gVm);
+    if (!onSystemClassPath()) makeLoader(e);
 }
 
 }  // namespace
@@ -159,6 +221,30 @@ void expectNoJniWarnings() {
     }
 }
 
+jclass loadClass(const char* path) {
+    JNIEnv* e = env();
+    if (gLoader == nullptr) return e->FindClass(path);
+    std::string name = path;
+    for (char& c : name) {
+        if (c == '/') c = '.';
+    }
+    static jclass classClass =
+        static_cast<jclass>(e->NewGlobalRef(e->FindClass("java/lang/Class")));
+    static jmethodID forName = e->GetStaticMethodID(
+        classClass, "forName", "(Ljava/lang/String;ZLjava/lang/ClassLoader;)Ljava/lang/Class;");
+    jstring jname = e->NewStringUTF(name.c_str());
+    auto c = static_cast<jclass>(
+        e->CallStaticObjectMethod(classClass, forName, jname, JNI_TRUE, gLoader));
+    const bool failed = e->ExceptionCheck();  // the checked VM wants a look after every call
+    e->DeleteLocalRef(jname);
+    return failed ? nullptr : c;
+}
+
+bool apiInOwnLoader() {
+    vm();
+    return gLoader != nullptr;
+}
+
 jclass findClass(const char* path) {
     static std::mutex lock;
     static std::map<std::string, jclass> cache;
@@ -166,7 +252,7 @@ jclass findClass(const char* path) {
     auto it = cache.find(path);
     if (it != cache.end()) return it->second;
     JNIEnv* e = env();
-    jclass local = e->FindClass(path);
+    jclass local = loadClass(path);
     if (local == nullptr) {
         e->ExceptionDescribe();
         e->ExceptionClear();
@@ -177,6 +263,25 @@ jclass findClass(const char* path) {
     e->DeleteLocalRef(local);
     cache[path] = global;
     return global;
+}
+
+namespace {
+void JNICALL runBody(JNIEnv*, jclass, jlong body) {
+    (*reinterpret_cast<const std::function<void()>*>(body))();
+}
+}  // namespace
+
+void underManagedCaller(const std::function<void()>& body) {
+    JNIEnv* e = env();
+    jclass caller = findClass("com/vireo/test/ManagedCaller");
+    static std::once_flag registered;
+    std::call_once(registered, [e, caller] {
+        JNINativeMethod run{"run", "(J)V", reinterpret_cast<void*>(&runBody)};
+        e->RegisterNatives(caller, &run, 1);
+    });
+    e->CallStaticVoidMethod(caller, e->GetStaticMethodID(caller, "call", "(J)V"),
+                            static_cast<jlong>(reinterpret_cast<intptr_t>(&body)));
+    failOnPendingException();
 }
 
 jclass playerClass() { return findClass("com/vireo/android/tvapi/impl/PlayerImpl"); }

@@ -5,6 +5,7 @@
 
 #include <jni.h>
 
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -45,12 +46,22 @@ void clearVmOutput();
 void expectNoJniWarnings();
 
 // ---- Managed side ----
+// Classes of the managed API and of the tests come from a class loader of their own (as an
+// app's do on the device; a thread the library attached finds only the system's classes with
+// FindClass), unless PIJ_SYSTEM_CLASS_PATH is set.
+bool apiInOwnLoader();
+// FindClass's counterpart through that loader: a new local reference, or null with the
+// runtime's error pending. The class is initialised.
+jclass loadClass(const char* path);
 jclass findClass(const char* path);  // a global reference, cached
+// Runs `body` on this thread under a managed caller's frame, as the device calls a handler, so
+// that a handler called straight from the test finds the API's classes.
+void underManagedCaller(const std::function<void()>& body);
 jclass playerClass();
 // Constructs a managed PlayerImpl (runs native_setup); a new local reference.
 jobject newPlayer();
-jint staticInt(const char* field);   // a TVPLAYER_ code by name
-void failOnPendingException();       // describes, clears and fails the test
+jint staticInt(const char* field);  // a TVPLAYER_ code by name
+void failOnPendingException();      // describes, clears and fails the test
 
 // Calls a method of the managed player object by name and signature, then checks for a
 // pending exception (fails the test and clears it). Use these rather than raw Call*Method:

@@ -151,7 +151,7 @@ inline jvalue hostileArg(JNIEnv* e, const std::string& d, int k) {
         v.l = e->NewStringUTF("not a weak reference");
     } else if (d[0] == 'L') {
         // A value object built without a constructor: every field null or zero.
-        jclass c = e->FindClass(d.substr(1, d.size() - 2).c_str());
+        jclass c = th::loadClass(d.substr(1, d.size() - 2).c_str());
         th::failOnPendingException();
         v.l = e->AllocObject(c);
         th::failOnPendingException();

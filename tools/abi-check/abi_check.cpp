@@ -6,24 +6,35 @@
 // Links: every symbol our library imports from the closed classes must be exported by one of
 // the two libraries under the same mangled name. Slots: the proxy's table of virtual operations
 // (and the listener's, where the closed library carries it) is read entry by entry through the
-// dynamic relocations and compared with the slot and parameter list of every operation our
-// header declares. One line per finding; the last line sums up.
+// dynamic relocations (plain, Android packed or RELR) and compared with the slot and parameter
+// list of every operation our header declares. A slot whose operation has the same name and
+// parameters that differ only in spelling the calling convention treats alike is COMPATIBLE,
+// not a failure. One line per finding; the last line counts failures and compatible slots.
 //
-// Exit status: 0 everything matches; 1 a mismatch; 2 a file could not be read; 3 the links
-// match but the proxy's table could not be read, so the slots are unchecked.
+// Exit status: 0 everything matches (compatible slots included); 1 a mismatch; 2 a file could
+// not be read; 3 the links match but the proxy's table is not exported, so the slots are
+// unchecked.
+//
+// A hidden option, --decode-packed FILE, prints the relocations of a raw Android packed stream
+// (for the tests of the decoder); status 2 when the stream cannot be decoded.
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
+#include "calling_convention.h"
 #include "declared.h"
 #include "elf_image.h"
+#include "packed_relocations.h"
 
 namespace abi_check {
 namespace {
@@ -32,10 +43,15 @@ enum Status { kMatch = 0, kMismatch = 1, kUnreadable = 2, kLinksOnly = 3 };
 
 struct Report {
     int failures = 0;
+    int compatible = 0;
     bool linksOnly = false;
     void fail(const std::string& line) {
         std::printf("FAIL %s\n", line.c_str());
         ++failures;
+    }
+    void compatibleSlot(const std::string& line) {
+        std::printf("COMPATIBLE %s\n", line.c_str());
+        ++compatible;
     }
     void info(const std::string& line) { std::printf("INFO %s\n", line.c_str()); }
 };
@@ -247,18 +263,23 @@ std::vector<Entry> readTable(const ElfImage& image, const Symbol& table, std::st
                               all.begin() + static_cast<long>(end));
 }
 
-// Does the entry hold the operation: same unqualified name and the same parameter list. The
-// class is not compared, so an operation the proxy inherits from a base class still matches.
-enum class Fit { Same, OtherParams, Other };
-Fit fit(const Entry& entry, const DeclaredOperation& op, std::string& closest) {
+// Does the entry hold the operation: same unqualified name and the same parameter list, or one
+// the calling convention sees as the same (Compatible). The class is not compared, so an
+// operation the proxy inherits from a base class still matches.
+enum class Fit { Same, Compatible, OtherParams, Other };
+Fit fit(const Entry& entry, const DeclaredOperation& op, const std::set<std::string>& intEnums,
+        std::string& closest) {
     closest = entry.shown();
     Fit best = Fit::Other;
     for (const std::string& name : entry.names) {
         std::string qualified, params;
         if (!splitSignature(name, qualified, params) || unqualified(qualified) != op.name) continue;
         if (params == op.params) return Fit::Same;
-        best = Fit::OtherParams;
-        closest = name;
+        Fit here = sameCall(params, op.params, intEnums) ? Fit::Compatible : Fit::OtherParams;
+        if (best == Fit::Other || here == Fit::Compatible) {
+            best = here;
+            closest = name;
+        }
     }
     return best;
 }
@@ -288,14 +309,6 @@ void checkTable(const DeclaredTable& declared, const std::vector<const ElfImage*
         }
         return;
     }
-    if (!owner->relocationNote().empty()) {
-        std::printf("LINKS ONLY %s: %s %s, so the slots of %s are not checked; only links are\n",
-                    cls.c_str(), baseName(owner->path()).c_str(), owner->relocationNote().c_str(),
-                    declared.tableSymbol.c_str());
-        if (!declared.implementedByUs) report.linksOnly = true;
-        return;
-    }
-
     std::string note;
     std::vector<Entry> entries = readTable(*owner, *table, note);
     if (!note.empty()) report.info(cls + ": " + note);
@@ -345,8 +358,12 @@ void checkTable(const DeclaredTable& declared, const std::vector<const ElfImage*
             continue;
         }
         std::string closest;
-        switch (fit(entry, op, closest)) {
+        switch (fit(entry, op, declared.intEnums, closest)) {
             case Fit::Same:
+                break;
+            case Fit::Compatible:
+                report.compatibleSlot(at + ": library has " + closest + "; our header declares " +
+                                      ours);
                 break;
             case Fit::OtherParams:
                 report.fail(at + ": library has " + closest + "; our header declares " + ours +
@@ -382,7 +399,36 @@ void checkTable(const DeclaredTable& declared, const std::vector<const ElfImage*
                 std::to_string(declared.length) + " in our header");
 }
 
+// --decode-packed FILE: one line per relocation of the raw stream in FILE.
+int decodePackedFile(const char* path) {
+    std::FILE* file = std::fopen(path, "rb");
+    if (file == nullptr) {
+        std::printf("ERROR %s: cannot open: %s\n", path, std::strerror(errno));
+        return kUnreadable;
+    }
+    std::vector<uint8_t> bytes;
+    uint8_t buffer[4096];
+    for (size_t n; (n = std::fread(buffer, 1, sizeof buffer, file)) > 0;) {
+        bytes.insert(bytes.end(), buffer, buffer + n);
+    }
+    std::fclose(file);
+    std::vector<RawRelocation> relocations;
+    std::string error;
+    if (!decodeAndroidPacked(bytes.data(), bytes.size(), relocations, error)) {
+        std::printf("ERROR %s: %s\n", path, error.c_str());
+        return kUnreadable;
+    }
+    for (const RawRelocation& r : relocations) {
+        std::printf("offset 0x%llx type %u symbol %u addend %lld\n",
+                    static_cast<unsigned long long>(r.offset), static_cast<unsigned>(r.info),
+                    static_cast<unsigned>(r.info >> 32), static_cast<long long>(r.addend));
+    }
+    std::printf("%zu relocations\n", relocations.size());
+    return kMatch;
+}
+
 int run(int argc, char** argv) {
+    if (argc == 3 && std::strcmp(argv[1], "--decode-packed") == 0) return decodePackedFile(argv[2]);
     std::vector<std::string> closedPaths;
     std::string libraryPath;
     for (int i = 1; i < argc; ++i) {
@@ -432,15 +478,21 @@ int run(int argc, char** argv) {
     checkTable(declaredProxy(), closed, report);
     checkTable(declaredListener(), closed, report);
 
+    std::string counts = std::to_string(report.failures) +
+                         (report.failures == 1 ? " failure, " : " failures, ") +
+                         std::to_string(report.compatible) +
+                         (report.compatible == 1 ? " compatible slot" : " compatible slots");
     if (report.failures > 0) {
-        std::printf("FAILED: %d findings\n", report.failures);
+        std::printf("FAILED: %s\n", counts.c_str());
         return kMismatch;
     }
     if (report.linksOnly) {
-        std::printf("LINKS ONLY: the links match; the slot order was not checked\n");
+        std::printf("LINKS ONLY: %s; the links match, the slot order was not checked\n",
+                    counts.c_str());
         return kLinksOnly;
     }
-    std::printf("OK: links and slots match our headers\n");
+    std::printf("OK: %s; links and slots match our headers%s\n", counts.c_str(),
+                report.compatible > 0 ? " as the calling convention sees them" : "");
     return kMatch;
 }
 

@@ -11,13 +11,15 @@
 // typedefs such as int32_t resolved), and nothing is copied from the header by hand: change a
 // declaration and the expectation follows. The function type's type information holds only
 // its mangled name, so this needs no definition of the classes' members (no link against a
-// substitute).
+// substitute). The same parameter types tell which of them are enumerations with an int
+// underlying type (DeclaredTable::intEnums), which the calling convention passes as int.
 #include "declared.h"
 
 #include <cxxabi.h>
 
 #include <cstdlib>
 #include <memory>
+#include <type_traits>
 #include <typeinfo>
 
 #include "service_slots.h"
@@ -37,6 +39,22 @@ std::string paramsOf(R (C::*)(A...)) {
     return paramsFromFunctionType(typeid(R(A...)).name());
 }
 
+// Records a parameter passed by value whose type is an enumeration with an int underlying type.
+template <typename A>
+void noteIntEnum(std::set<std::string>& intEnums) {
+    using T = std::remove_cv_t<A>;
+    if constexpr (std::is_enum_v<T>) {
+        if constexpr (std::is_same_v<std::underlying_type_t<T>, int>) {
+            intEnums.insert(demangle(typeid(T).name()));
+        }
+    }
+}
+
+template <typename R, typename C, typename... A>
+void noteIntEnums(R (C::*)(A...), std::set<std::string>& intEnums) {
+    (noteIntEnum<A>(intEnums), ...);
+}
+
 std::string tableSymbol(const std::string& cls) {
     return "_ZTV" + std::to_string(cls.size()) + cls;
 }
@@ -53,12 +71,13 @@ void finish(DeclaredTable& table, long probeSlot) {
 
 DeclaredTable declaredProxy() {
     using service_slots::slotOf;
-    DeclaredTable table{"PlayerImpl", tableSymbol("PlayerImpl"), 0, {}, false};
+    DeclaredTable table{"PlayerImpl", tableSymbol("PlayerImpl"), 0, {}, false, {}};
     long next = 0;
 #define PIJ_PLAYER_PLACEHOLDER(name) ++next;
-#define PIJ_PLAYER_OP(result, name, parameters, arguments) \
-    table.operations.push_back(                            \
-        {slotOf(&PlayerImpl::name), next++, #name, paramsOf(&PlayerImpl::name)});
+#define PIJ_PLAYER_OP(result, name, parameters, arguments)                        \
+    table.operations.push_back(                                                   \
+        {slotOf(&PlayerImpl::name), next++, #name, paramsOf(&PlayerImpl::name)}); \
+    noteIntEnums(&PlayerImpl::name, table.intEnums);
 #include "core/player_operations.def"
 #undef PIJ_PLAYER_OP
 #undef PIJ_PLAYER_PLACEHOLDER
@@ -68,11 +87,12 @@ DeclaredTable declaredProxy() {
 
 DeclaredTable declaredListener() {
     using service_slots::slotOf;
-    DeclaredTable table{"PlayerImplListener", tableSymbol("PlayerImplListener"), 0, {}, true};
+    DeclaredTable table{"PlayerImplListener", tableSymbol("PlayerImplListener"), 0, {}, true, {}};
     long next = 0;
-#define PIJ_LISTENER_OP(name, parameters) \
-    table.operations.push_back(           \
-        {slotOf(&PlayerImplListener::name), next++, #name, paramsOf(&PlayerImplListener::name)});
+#define PIJ_LISTENER_OP(name, parameters)                                                         \
+    table.operations.push_back(                                                                   \
+        {slotOf(&PlayerImplListener::name), next++, #name, paramsOf(&PlayerImplListener::name)}); \
+    noteIntEnums(&PlayerImplListener::name, table.intEnums);
 #define PIJ_LISTENER_EVENT(name) PIJ_LISTENER_OP(name, )
 #define PIJ_LISTENER_PARCEL_EVENT(name) PIJ_LISTENER_OP(name, )
 #include "core/listener_operations.def"

@@ -2,6 +2,7 @@
 // them, and for the proxy and its listener every operation's slot and parameter list.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,9 @@ struct DeclaredTable {
     // True for an interface this library implements (the listener): the closed library's
     // copy of the table may hold only pure slots.
     bool implementedByUs;
+    // The enumerations among the operations' parameters that our header gives an int
+    // underlying type, as the demangler names them: the calling convention passes them as int.
+    std::set<std::string> intEnums;
 };
 
 DeclaredTable declaredProxy();

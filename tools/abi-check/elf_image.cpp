@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "packed_relocations.h"
+
 namespace abi_check {
 namespace {
 
@@ -76,6 +78,7 @@ void ElfImage::load() {
         return;
     }
     mMachine = ehdr.e_machine;
+    if (elf_getshdrstrndx(elf, &mShstrndx) != 0) mShstrndx = 0;
 
     bool haveDynsym = false;
     for (Elf_Scn* scn = elf_nextscn(elf, nullptr); scn != nullptr; scn = elf_nextscn(elf, scn)) {
@@ -91,22 +94,19 @@ void ElfImage::load() {
                 break;
             case SHT_RELA:
             case SHT_REL:
+            case kShtAndroidRel:
+            case kShtAndroidRela:
                 // Only what the loader applies; a .o's relocations are not in a library.
-                if (shdr.sh_flags & SHF_ALLOC) readRelocations(scn, shdr.sh_type == SHT_RELA);
+                if (shdr.sh_flags & SHF_ALLOC) readRelocations(scn);
                 break;
             case kShtRelr:
             case kShtAndroidRelr:
                 readRelr(scn);
                 break;
-            case kShtAndroidRel:
-            case kShtAndroidRela:
-                mRelocNote =
-                    "its relocations are in the Android packed format, which this "
-                    "tool does not read";
-                break;
             default:
                 break;
         }
+        if (!mError.empty()) return;
     }
     if (!haveDynsym) mError = "no dynamic symbol table";
 }
@@ -142,11 +142,47 @@ void ElfImage::readSymbols(void* scnp, bool dynamic) {
     }
 }
 
-void ElfImage::readRelocations(void* scnp, bool rela) {
+// A plain table (REL, RELA) or Android's packed one (DT_ANDROID_REL, DT_ANDROID_RELA): the
+// same entries, the packed ones decoded first. A packed stream that cannot be decoded makes the
+// file unreadable: the slots read without its relocations would be wrong.
+void ElfImage::readRelocations(void* scnp) {
     Elf* elf = asElf(mElf);
+    Elf_Scn* scn = asScn(scnp);
     GElf_Shdr shdr;
-    Elf_Data* data = tableOf(asScn(scnp), &shdr);
-    if (data == nullptr) return;
+    gelf_getshdr(scn, &shdr);
+    const bool packed = shdr.sh_type == kShtAndroidRel || shdr.sh_type == kShtAndroidRela;
+    // Without an addend of its own (REL), a relocation adds to the word it fills.
+    const bool addends = shdr.sh_type == SHT_RELA || shdr.sh_type == kShtAndroidRela;
+    std::vector<RawRelocation> raw;
+    if (packed) {
+        Elf_Data* data = elf_getdata(scn, nullptr);
+        if (data == nullptr || data->d_buf == nullptr) return;
+        std::string error;
+        if (!decodeAndroidPacked(static_cast<const uint8_t*>(data->d_buf), data->d_size, raw,
+                                 error)) {
+            const char* name = elf_strptr(elf, mShstrndx, shdr.sh_name);
+            mError = std::string("its packed relocations (") + (name != nullptr ? name : "?") +
+                     ") cannot be read: " + error;
+            return;
+        }
+    } else {
+        Elf_Data* data = tableOf(scn, &shdr);
+        if (data == nullptr) return;
+        size_t count = shdr.sh_size / shdr.sh_entsize;
+        for (size_t i = 0; i < count; ++i) {
+            GElf_Rela r;
+            if (addends) {
+                if (gelf_getrela(data, static_cast<int>(i), &r) == nullptr) continue;
+            } else {
+                GElf_Rel rel;
+                if (gelf_getrel(data, static_cast<int>(i), &rel) == nullptr) continue;
+                r.r_offset = rel.r_offset;
+                r.r_info = rel.r_info;
+                r.r_addend = 0;
+            }
+            raw.push_back({r.r_offset, r.r_info, r.r_addend});
+        }
+    }
     // The symbol table the relocations refer to.
     Elf_Scn* symScn = elf_getscn(elf, shdr.sh_link);
     GElf_Shdr symShdr;
@@ -154,20 +190,9 @@ void ElfImage::readRelocations(void* scnp, bool rela) {
     if (symScn != nullptr && gelf_getshdr(symScn, &symShdr) != nullptr) {
         symData = elf_getdata(symScn, nullptr);
     }
-    size_t count = shdr.sh_size / shdr.sh_entsize;
-    for (size_t i = 0; i < count; ++i) {
-        GElf_Rela r;
-        if (rela) {
-            if (gelf_getrela(data, static_cast<int>(i), &r) == nullptr) continue;
-        } else {
-            GElf_Rel rel;
-            if (gelf_getrel(data, static_cast<int>(i), &rel) == nullptr) continue;
-            r.r_offset = rel.r_offset;
-            r.r_info = rel.r_info;
-            r.r_addend = 0;
-        }
-        Reloc reloc{static_cast<unsigned>(GELF_R_TYPE(r.r_info)), {}, false, 0, r.r_addend, rela};
-        size_t symIndex = GELF_R_SYM(r.r_info);
+    for (const RawRelocation& r : raw) {
+        Reloc reloc{static_cast<unsigned>(GELF_R_TYPE(r.info)), {}, false, 0, r.addend, addends};
+        size_t symIndex = GELF_R_SYM(r.info);
         GElf_Sym sym;
         if (symIndex != 0 && symData != nullptr &&
             gelf_getsym(symData, static_cast<int>(symIndex), &sym) != nullptr) {
@@ -176,32 +201,18 @@ void ElfImage::readRelocations(void* scnp, bool rela) {
             reloc.symbolDefined = sym.st_shndx != SHN_UNDEF;
             reloc.symbolValue = sym.st_value;
         }
-        mRelocs[r.r_offset] = std::move(reloc);
+        mRelocs[r.offset] = std::move(reloc);
     }
 }
 
-// The relative-only format: an even entry is the address of one relocated word, an odd entry
-// a bitmap of the 63 words after the last address; the addend is the word itself.
+// The relative-only format: the addend is the word itself.
 void ElfImage::readRelr(void* scnp) {
     Elf_Data* data = elf_getdata(asScn(scnp), nullptr);
-    if (data == nullptr) return;
+    if (data == nullptr || data->d_buf == nullptr) return;
     unsigned relative = mMachine == EM_AARCH64 ? R_AARCH64_RELATIVE : R_X86_64_RELATIVE;
-    const auto* entries = static_cast<const uint64_t*>(data->d_buf);
-    size_t count = data->d_size / sizeof(uint64_t);
-    uint64_t base = 0;
-    for (size_t i = 0; i < count; ++i) {
-        uint64_t entry = entries[i];
-        if ((entry & 1) == 0) {
-            mRelocs[entry] = Reloc{relative, {}, false, 0, 0, false};
-            base = entry + 8;
-        } else {
-            for (unsigned bit = 0; bit < 63; ++bit) {
-                if (entry & (uint64_t{2} << bit)) {
-                    mRelocs[base + 8 * bit] = Reloc{relative, {}, false, 0, 0, false};
-                }
-            }
-            base += 63 * 8;
-        }
+    for (uint64_t address :
+         decodeRelr(static_cast<const uint64_t*>(data->d_buf), data->d_size / sizeof(uint64_t))) {
+        mRelocs[address] = Reloc{relative, {}, false, 0, 0, false};
     }
 }
 

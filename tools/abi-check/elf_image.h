@@ -1,6 +1,7 @@
 // Read-only view of one ELF64 little-endian shared library (AArch64 or x86-64), through
 // elfutils' libelf: its dynamic symbols, its symbol tables by address, and the 64-bit words of
-// its data with the dynamic relocation that fills each one at load time.
+// its data with the dynamic relocation that fills each one at load time, whichever form the
+// relocations take: plain REL/RELA tables, Android's packed ones, or RELR.
 #pragma once
 
 #include <cstdint>
@@ -61,10 +62,6 @@ public:
     // loaded data.
     bool wordAt(uint64_t address, Word& out) const;
 
-    // A note about relocations this reader could not take into account (for example the
-    // Android packed format), empty when every relocation was read.
-    const std::string& relocationNote() const { return mRelocNote; }
-
 private:
     struct Reloc {
         unsigned type;
@@ -76,7 +73,7 @@ private:
     };
     void load();
     void readSymbols(void* scn, bool dynamic);
-    void readRelocations(void* scn, bool rela);
+    void readRelocations(void* scn);
     void readRelr(void* scn);
     bool rawWord(uint64_t address, uint64_t& value) const;
     bool isRelative(unsigned type) const;
@@ -84,10 +81,10 @@ private:
 
     std::string mPath;
     std::string mError;
-    std::string mRelocNote;
     int mFd = -1;
     void* mElf = nullptr;
     unsigned mMachine = 0;
+    size_t mShstrndx = 0;  // the section holding the sections' names
     std::vector<Symbol> mDynamic;
     std::multimap<uint64_t, std::string> mByAddress;
     std::map<uint64_t, Reloc> mRelocs;

@@ -314,12 +314,14 @@ int run(JNIEnv* env) {
     }
     checkClass(in, kSurfaceClass, kSurfaceMembers,
                sizeof kSurfaceMembers / sizeof *kSurfaceMembers);
-    for (const pij::ManagedClass* mc : pij::valueClasses()) {
-        std::vector<MemberRow> rows;
-        for (const pij::ManagedField& f : mc->fields) {
-            rows.push_back(MemberRow{f.name, f.signature, f.isStatic, false});
+    for (const pij::ManagedClassList* list : pij::valueClassLists()) {
+        for (const pij::ManagedClass& mc : *list) {
+            std::vector<MemberRow> rows;
+            for (const pij::ManagedField& f : mc.fields) {
+                rows.push_back(MemberRow{f.name, f.signature, f.isStatic, false});
+            }
+            checkClass(in, mc.path, rows.data(), rows.size());
         }
-        checkClass(in, mc->path, rows.data(), rows.size());
     }
     return gFindings == 0 ? 0 : 1;
 }
@@ -340,9 +342,11 @@ void list() {
     for (const MemberRow& r : kSurfaceMembers) {
         std::printf("field %s.%s %s\n", kSurfaceClass, r.name, r.signature);
     }
-    for (const pij::ManagedClass* mc : pij::valueClasses()) {
-        for (const pij::ManagedField& f : mc->fields) {
-            std::printf("field %s.%s %s\n", mc->path, f.name, f.signature);
+    for (const pij::ManagedClassList* list : pij::valueClassLists()) {
+        for (const pij::ManagedClass& mc : *list) {
+            for (const pij::ManagedField& f : mc.fields) {
+                std::printf("field %s.%s %s\n", mc.path, f.name, f.signature);
+            }
         }
     }
 }
