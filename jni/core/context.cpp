@@ -4,12 +4,12 @@
 
 #include "core/context.h"
 
-#include <algorithm>
 #include <thread>
 #include <vector>
 
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/player_owner.h"
 #include "core/scoped.h"
 #include "events/event_codes.h"
 #include "events/listener.h"
@@ -29,6 +29,10 @@ const char* const kAtvScanClass = "com/vireo/android/tvapi/atv/vo/AtvEventScan";
 const char* const kDtvScanClass = "com/vireo/android/tvapi/dtv/vo/DtvEventScan";
 const char* const kHbbtvEventInfoClass = "com/vireo/android/tvapi/common/vo/HbbtvEventInfo";
 
+// Source lines of the failure reports.
+constexpr int kLineSetupNoPlayer = 1260;
+constexpr int kLineFinalizeNoPlayer = 1296;
+
 // Finds a scan class and makes one object of it with its no-argument constructor; both are
 // kept as global references. A class, constructor or object the runtime cannot give stops it
 // at once with the runtime's error pending (false): no further JNI call is made with it.
@@ -47,13 +51,13 @@ bool makeScanObject(JNIEnv* env, const char* path, std::atomic<jclass>& cls,
 
 // Puts `next` (or nothing) in a slot the service's threads read, and deletes the global
 // reference it held once no event is between reading the slot and taking its own local
-// reference (see takeLocal in events/payloads.cpp; the slots and the count are sequentially
-// consistent atomics, which is what makes a count of 0 after the exchange conclusive).
+// reference (see takeLocal in events/payloads.cpp). Sequentially consistent, as the readers'
+// side: see ScanObjects::readers.
 template <typename T>
 void replaceGlobal(JNIEnv* env, std::atomic<T>& slot, T next) {
-    T ref = slot.exchange(next);
+    T ref = slot.exchange(next, std::memory_order_seq_cst);
     if (ref != nullptr) {
-        while (gScan.readers.load() != 0) {
+        while (gScan.readers.load(std::memory_order_seq_cst) != 0) {
             std::this_thread::yield();  // a scan event is taking its own reference
         }
         env->DeleteGlobalRef(ref);
@@ -89,35 +93,39 @@ void deleteScanObjects(JNIEnv* env) {
     deleteGlobal(env, gScan.hbbtvClass);
 }
 
-// Players that a native_finalize is tearing down, under the global lock. A second
-// native_finalize of the same object, at once on another thread or re-entered from an event
-// the proxy fires inside disconnect(), finds its player here and goes the way a later call
-// does, without a player: the proxy is disconnected once.
-std::vector<const PlayerImpl*>& finalizing() {
-    // Never destroyed: a managed thread may still finalize while the process exits.
-    static auto* const players = new std::vector<const PlayerImpl*>();
-    return *players;
-}
-
 // The frame's acquisition for native_finalize: the object's player, unless it has none or
-// another native_finalize already has it.
+// another native_finalize already has it. That one, at once on another thread or re-entered
+// from an event the proxy fires inside disconnect(), goes the way a later call does, without
+// a player: the proxy is disconnected once. An object without a player (suspended, or
+// finalised before) has nothing left to tear down but its owner, which goes now.
 android::sp<PlayerImpl> claimPlayerToFinalize(JNIEnv* env, jobject thiz) {
     if (gPlayerFields.context == nullptr) return nullptr;  // before native_init
-    android::sp<PlayerImpl> player;
-    GlobalLockGuard guard;
-    auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
-    auto& claimed = finalizing();
-    if (p != nullptr && std::find(claimed.begin(), claimed.end(), p) == claimed.end()) {
-        claimed.push_back(p);
-        player = p;
+    RetiredOwner retired;  // declared before the guard: destroyed after the lock
+    GlobalLockGuard lock;
+    PlayerOwner* owner = findOwner(lock, env, thiz);
+    if (owner != nullptr && owner->finalizing) return nullptr;
+    android::sp<PlayerImpl> player = playerOf(lock, env, thiz);
+    if (player == nullptr) {
+        retired = retireOwner(lock, env, thiz);
+    } else if ((owner = ownerFor(lock, env, thiz)) != nullptr) {
+        owner->finalizing = true;
     }
     return player;  // a player is never released here: the field still holds it
 }
 
-void finalized(const PlayerImpl* player) {
-    GlobalLockGuard guard;
-    auto& claimed = finalizing();
-    claimed.erase(std::find(claimed.begin(), claimed.end(), player));
+// The end of native_finalize: the owner goes, and with it the reference of a producer bound
+// while the player was being torn down.
+void finalized(JNIEnv* env, jobject thiz) {
+    RetiredOwner retired;  // declared before the guard: destroyed after the lock
+    GlobalLockGuard lock;
+    retired = retireOwner(lock, env, thiz);
+}
+
+// Owners of objects the runtime collected without a native_finalize.
+void forgetCollectedObjects(JNIEnv* env) {
+    std::vector<RetiredOwner> retired;  // declared before the guard: destroyed after the lock
+    GlobalLockGuard lock;
+    retired = retireCollected(lock, env);
 }
 
 }  // namespace
@@ -131,7 +139,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_init(JNIEnv* env,
     // A member the managed class lacks stops native_init at that look-up, with the runtime's
     // error pending for the class's initialiser. Nothing is kept then: every object stays
     // without a player, as before native_init, instead of going on with a null id.
-    ScopedLocalRef<jclass> clazz(env, env->FindClass("com/vireo/android/tvapi/impl/PlayerImpl"));
+    ScopedLocalRef<jclass> clazz(env, env->FindClass(kPlayerClass));
     if (clazz.get() == nullptr) return;
     PlayerFields found;
     found.surfaceTexture = env->GetFieldID(clazz.get(), "mNativeSurfaceTexture", "J");
@@ -156,7 +164,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env
     }
     android::sp<PlayerImpl> player = PlayerImpl::connect();
     if (player == nullptr) {
-        reportFatal(__func__, 1260, Exc::Runtime);
+        reportFatal(__func__, kLineSetupNoPlayer, Exc::Runtime);
         return;
     }
     // A scan class the managed side lacks leaves its error pending for the constructor; the
@@ -170,6 +178,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env
 
     android::sp<JNIVSrvListener> listener = new JNIVSrvListener(env, thiz, weakThis);
     player->setListener(android::sp<PlayerImplListener>(listener.get()));
+    forgetCollectedObjects(env);
     setPlayer(env, thiz, player);  // the returned old proxy, if any, is dropped here
 }
 
@@ -179,7 +188,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* 
 
     android::sp<PlayerImpl> player = claimPlayerToFinalize(env, thiz);
     if (player == nullptr) {
-        reportFatal(__func__, 1296, Exc::TvIpc);
+        reportFatal(__func__, kLineFinalizeNoPlayer, Exc::TvIpc);
         return;
     }
     player->disconnect();
@@ -188,15 +197,19 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* 
         old->setListener(nullptr);
     }
     deleteScanObjects(env);
-    finalized(player.get());
+    finalized(env, thiz);
 }
 
 // For other native code of the system: forget the player without disconnecting it. The
-// field's strong reference is kept on purpose, so the proxy and its listener stay alive.
+// field's strong reference is kept on purpose, so the proxy and its listener stay alive, and
+// so is the producer bound for the object: the next bind after a new native_setup drops it,
+// or native_finalize does. A bind under way with the forgotten player drops its own.
 PIJ_EXPORT void suspend(JNIEnv* env, jobject thiz) {
     ALOGD("playerimpl suspend");
     if (gPlayerFields.context != nullptr) {  // before native_init there is no player to forget
+        GlobalLockGuard lock;
         env->SetLongField(thiz, gPlayerFields.context, 0);
+        newGeneration(lock, env, thiz, false);
     }
     deleteScanObjects(env);
 }

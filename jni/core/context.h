@@ -7,7 +7,10 @@
 
 namespace pij {
 
-// Members of com/vireo/android/tvapi/impl/PlayerImpl cached by native_init.
+// The managed player class: the table is registered on it and native_init reads its members.
+constexpr char kPlayerClass[] = "com/vireo/android/tvapi/impl/PlayerImpl";
+
+// Members of the managed player class cached by native_init.
 struct PlayerFields {
     jfieldID surfaceTexture = nullptr;  // mNativeSurfaceTexture "J"
     jfieldID context = nullptr;         // mNativeContext "J"
@@ -34,7 +37,13 @@ struct ScanObjects {
     // The HbbTV event's class, for events whose thread cannot find it by name.
     std::atomic<jclass> hbbtvClass{nullptr};
     // Service threads between reading a slot and holding their own local reference to it;
-    // a slot's global reference is deleted only once none is left.
+    // a slot's global reference is deleted only once none is left. This gate is correct only
+    // because every access to the slots and to this count is sequentially consistent: a
+    // reader counts itself, then loads a slot; the deleting side empties the slot, then
+    // loads the count. In the one order of those four operations, either the reader's load
+    // comes after the slot was emptied (it finds null) or its count comes before the count
+    // is loaded (the deleting side waits for it). Acquire and release alone would let both
+    // loads see the old values, and the reader copy a reference being deleted.
     std::atomic<int> readers{0};
 };
 extern ScanObjects gScan;

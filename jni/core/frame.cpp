@@ -5,6 +5,7 @@
 #include <pthread.h>
 
 #include "core/context.h"
+#include "core/player_owner.h"
 
 namespace pij {
 namespace {
@@ -18,10 +19,9 @@ public:
     GlobalLock(const GlobalLock&) = delete;
     GlobalLock& operator=(const GlobalLock&) = delete;
 
-    void lock() { pthread_mutex_lock(&mMutex); }
-    void unlock() { pthread_mutex_unlock(&mMutex); }
-
 private:
+    friend class pij::GlobalLockGuard;
+
     pthread_mutex_t mMutex;
 };
 
@@ -29,8 +29,8 @@ GlobalLock gLock;
 
 }  // namespace
 
-GlobalLockGuard::GlobalLockGuard() { gLock.lock(); }
-GlobalLockGuard::~GlobalLockGuard() { gLock.unlock(); }
+GlobalLockGuard::GlobalLockGuard() { pthread_mutex_lock(&gLock.mMutex); }
+GlobalLockGuard::~GlobalLockGuard() { pthread_mutex_unlock(&gLock.mMutex); }
 
 const char* exceptionPath(Exc cls) {
     switch (cls) {
@@ -56,29 +56,31 @@ void reportFatal(const char* function, int line, Exc cls) {
     ALOGE("[Fatal jni_exception] %s(%d), %s", function, line, exceptionPath(cls));
 }
 
+android::sp<PlayerImpl> playerOf(const GlobalLockGuard&, JNIEnv* env, jobject thiz) {
+    auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
+    return android::sp<PlayerImpl>(p);  // strong reference taken with the holder as id
+}
+
 android::sp<PlayerImpl> acquirePlayer(JNIEnv* env, jobject thiz) {
     // Before native_init there is no context field id to read through: no player, as with a
     // field that holds 0 (reading through a null id ends the process on the device).
     if (gPlayerFields.context == nullptr) return nullptr;
-    gLock.lock();
-    auto* p = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
-    android::sp<PlayerImpl> holder(p);  // strong reference taken with the holder as id
-    gLock.unlock();
-    return holder;
+    GlobalLockGuard lock;
+    return playerOf(lock, env, thiz);
 }
 
 android::sp<PlayerImpl> setPlayer(JNIEnv* env, jobject thiz, const android::sp<PlayerImpl>& p) {
-    gLock.lock();
-    auto* old = reinterpret_cast<PlayerImpl*>(env->GetLongField(thiz, gPlayerFields.context));
-    android::sp<PlayerImpl> previous(old);
+    GlobalLockGuard lock;
+    android::sp<PlayerImpl> previous = playerOf(lock, env, thiz);
     if (p != nullptr) {
         p->incStrong(reinterpret_cast<void*>(&setPlayer));  // the field's own reference
     }
-    if (old != nullptr) {
-        old->decStrong(reinterpret_cast<void*>(&setPlayer));  // the reference the field owned
+    if (previous != nullptr) {
+        // The reference the field owned; `previous` keeps the proxy alive past the lock.
+        previous->decStrong(reinterpret_cast<void*>(&setPlayer));
     }
     env->SetLongField(thiz, gPlayerFields.context, reinterpret_cast<jlong>(p.get()));
-    gLock.unlock();
+    newGeneration(lock, env, thiz, p != nullptr);
     return previous;
 }
 

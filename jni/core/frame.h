@@ -39,7 +39,8 @@ struct Site {
 inline void reportFatal(const Site& site) { reportFatal(site.function, site.line, site.cls); }
 
 // Holds the library's one global lock for its scope. Nothing is logged, no player is called
-// and no managed object is built while it is held.
+// and no managed object is built while it is held. Functions that must run under the lock
+// take a reference to the guard.
 class GlobalLockGuard {
 public:
     GlobalLockGuard();
@@ -48,11 +49,16 @@ public:
     GlobalLockGuard& operator=(const GlobalLockGuard&) = delete;
 };
 
-// Steps 2 to 5 of the frame: lock, read mNativeContext, reference, unlock. Before
-// native_init has cached the field, every object is without a player.
+// The object's player, referenced, as mNativeContext shows it under the lock.
+android::sp<PlayerImpl> playerOf(const GlobalLockGuard& lock, JNIEnv* env, jobject thiz);
+
+// The player a handler calls: taken under the lock and referenced for the length of the
+// call, so that a native_finalize meanwhile cannot destroy it. Before native_init has cached
+// the field, every object is without a player.
 android::sp<PlayerImpl> acquirePlayer(JNIEnv* env, jobject thiz);
 
-// Replaces the proxy held by the managed object and returns the previous one.
+// Replaces the proxy held by the managed object and returns the previous one; the object's
+// player starts a new generation (see core/player_owner.h).
 android::sp<PlayerImpl> setPlayer(JNIEnv* env, jobject thiz, const android::sp<PlayerImpl>& p);
 
 // A boolean answered by the proxy keeps bit 0 only.

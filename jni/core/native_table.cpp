@@ -11,8 +11,6 @@
 namespace pij {
 namespace {
 
-const char* const kPlayerClass = "com/vireo/android/tvapi/impl/PlayerImpl";
-
 // Row 112 is registered "()Z" but its exported handler is written with two further ints that
 // the runtime never passes: the row binds this function of the registered type instead.
 jboolean resetRrtInformationRow(JNIEnv* env, jobject thiz) {

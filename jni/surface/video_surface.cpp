@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <cinttypes>
 #include <cstddef>
-#include <map>
 #include <new>
 
 #include "core/context.h"
 #include "core/frame.h"
 #include "core/handlers.h"
+#include "core/player_owner.h"
 #include "core/scoped.h"
 #include "surface/VTvDisaplyImpl.h"
 
@@ -25,7 +25,7 @@ constexpr int kLineSetSurfaceNoProducer = 2768;
 constexpr int kLineHdmiGpioNoPlayer = 2840;
 constexpr int kLineHdmiGpioNullArray = 2844;
 
-// The identity under which the library holds the bound producer's strong reference.
+// The identity under which the library holds a bound producer's strong reference.
 const void* producerRefId() { return reinterpret_cast<const void*>(&releaseVideoSurface); }
 
 // Room for the display object. Our declaration of VTvDisaplyImpl shows no members, but the
@@ -44,53 +44,57 @@ VTvDisaplyImpl* display() {
     return sDisplay;
 }
 
-// The producers the library holds a strong reference on, one per managed player object,
-// keyed by the player the object had when it bound. mNativeSurfaceTexture shows the managed
-// side the address of the newest bound producer and keeps it after a failed bind or a
-// release; this record is what says whether a reference is still held. A reference is
-// dropped only by taking it out of here, under the global lock, so each one is dropped
-// exactly once: after a failed bind, after several, when two binds or a bind and
-// native_finalize run at once. (Dropping again whatever address the field shows would free
-// a producer the library no longer holds.)
-using Producer = android::IGraphicBufferProducer;
-std::map<const PlayerImpl*, Producer*>& heldProducers() {
-    // Never destroyed: a service or managed thread may still bind while the process exits.
-    static auto* const held = new std::map<const PlayerImpl*, Producer*>();
-    return *held;
-}
+// A bind that has a player: the generation of that player, to tell at the end of the bind
+// whether the player was replaced, suspended or finalised meanwhile.
+struct BindStart {
+    android::sp<PlayerImpl> player;
+    uint64_t generation;
+};
 
-// Under the global lock: makes `next` (or nothing) the producer held for `player`, and
-// returns the one held before, whose reference the caller now owns and drops.
-Producer* exchangeHeldProducer(const PlayerImpl* player, Producer* next) {
-    auto& held = heldProducers();
-    auto it = held.find(player);
-    Producer* previous = it == held.end() ? nullptr : it->second;
-    if (next != nullptr) {
-        held[player] = next;
-    } else if (it != held.end()) {
-        held.erase(it);
+// Takes the object's player and, in the same step, the reference held for the surface bound
+// before (the release step of every bind), which is dropped once the lock is let go. Without
+// a player nothing is released.
+BindStart startBind(JNIEnv* env, jobject thiz) {
+    HeldProducer released;  // declared before the guard: dropped after the lock
+    GlobalLockGuard lock;
+    BindStart start{playerOf(lock, env, thiz), 0};
+    if (start.player != nullptr) {
+        if (PlayerOwner* owner = ownerFor(lock, env, thiz)) {
+            start.generation = owner->generation;
+            released.swap(owner->producer);
+        }
     }
-    return previous;
+    return start;
 }
 
-void dropHeldReference(Producer* producer) {
-    if (producer != nullptr) producer->decStrong(producerRefId());
+// Hands the reference taken on the bound producer to the object's owner and shows the
+// producer's address in mNativeSurfaceTexture. What `bound` holds afterwards is dropped by
+// the caller: the reference of a bind that ran at the same time on the same object (so the
+// object ends with one), or, when the player this bind started with is gone, its own.
+void finishBind(JNIEnv* env, jobject thiz, const BindStart& start, HeldProducer& bound,
+                jlong address) {
+    GlobalLockGuard lock;
+    PlayerOwner* owner = findOwner(lock, env, thiz);
+    if (owner != nullptr && owner->generation == start.generation) owner->producer.swap(bound);
+    env->SetLongField(thiz, gPlayerFields.surfaceTexture, address);
 }
 
 }  // namespace
 
+HeldProducer::HeldProducer(const android::sp<android::IGraphicBufferProducer>& producer)
+    : mProducer(producer.get()) {
+    if (mProducer != nullptr) mProducer->incStrong(producerRefId());
+}
+
+HeldProducer::~HeldProducer() {
+    if (mProducer != nullptr) mProducer->decStrong(producerRefId());
+}
+
 void releaseVideoSurface(JNIEnv* env, jobject thiz) {
-    android::sp<PlayerImpl> player = acquirePlayer(env, thiz);
-    if (player == nullptr) {
-        return;
-    }
-    Producer* held = nullptr;
-    {
-        GlobalLockGuard guard;
-        held = exchangeHeldProducer(player.get(), nullptr);
-    }
+    HeldProducer released;  // declared before the guard: dropped after the lock
+    GlobalLockGuard lock;
+    if (PlayerOwner* owner = findOwner(lock, env, thiz)) released.swap(owner->producer);
     // mNativeSurfaceTexture keeps its value; the next bind overwrites it.
-    dropHeldReference(held);
 }
 
 }  // namespace pij
@@ -122,14 +126,11 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setVideoSurface(JNIEnv* 
         ALOGE("jsf == NULL");
         return;
     }
-    android::sp<PlayerImpl> player = pij::acquirePlayer(env, thiz);
-    if (player == nullptr) {
+    const pij::BindStart start = pij::startBind(env, thiz);
+    if (start.player == nullptr) {
         pij::reportFatal(__func__, pij::kLineSetSurfaceNoPlayer, pij::Exc::IllegalArgument);
         return;
     }
-    // Drop the reference held for the surface bound before, if any.
-    pij::releaseVideoSurface(env, thiz);
-
     android::sp<android::Surface> native =
         VndkGetSurface(env, surface, pij::gSurfaceFields.nativeObject, pij::gSurfaceFields.lock);
     if (native == nullptr) {
@@ -141,19 +142,10 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setVideoSurface(JNIEnv* 
         pij::reportFatal(__func__, pij::kLineSetSurfaceNoProducer, pij::Exc::IllegalState);
         return;
     }
-    // Held on the field's behalf until the next release step. A bind running at the same
-    // time on the same object may have bound its producer since our release step: that
-    // one's reference is dropped here, so the object ends with one held reference.
-    producer->incStrong(pij::producerRefId());
-    pij::Producer* displaced = nullptr;
     {
-        pij::GlobalLockGuard guard;
-        displaced = pij::exchangeHeldProducer(player.get(), producer.get());
-        env->SetLongField(thiz, pij::gPlayerFields.surfaceTexture,
-                          reinterpret_cast<jlong>(producer.get()));
+        pij::HeldProducer bound(producer);  // held on the field's behalf until the next release
+        pij::finishBind(env, thiz, start, bound, reinterpret_cast<jlong>(producer.get()));
     }
-    pij::dropHeldReference(displaced);
-
     native->getUniqueId(&surfaceId);
     int32_t windowId = display->openTvDisplay(native, static_cast<WIN_DEV>(wtype), false);
     ALOGI("setVideoSurface SurfaceID: %" PRIu64 ", eWinId: %d\n", surfaceId, windowId);

@@ -3,6 +3,7 @@
 #include <jni.h>
 
 #include <cstdint>
+#include <utility>
 
 #include <gui/Surface.h>
 #include <utils/StrongPointer.h>
@@ -15,8 +16,30 @@ static_assert(sizeof(HdmiGpioRec) == 16, "four int32 GPIO values");
 
 namespace pij {
 
-// Drops the producer reference the library holds for mNativeSurfaceTexture (the surface
-// release step of native_finalize and of every new bind).
+// One strong reference on a buffer producer, held on a managed object's behalf under the
+// library's own identity and dropped when this goes. It moves and swaps, and is never
+// assigned: whoever holds the global lock swaps a reference in or out, and the one taken out
+// is dropped after the lock is let go.
+class HeldProducer {
+public:
+    HeldProducer() = default;
+    explicit HeldProducer(const android::sp<android::IGraphicBufferProducer>& producer);
+    HeldProducer(HeldProducer&& other) noexcept : mProducer(other.mProducer) {
+        other.mProducer = nullptr;
+    }
+    ~HeldProducer();
+    HeldProducer(const HeldProducer&) = delete;
+    HeldProducer& operator=(const HeldProducer&) = delete;
+    HeldProducer& operator=(HeldProducer&&) = delete;
+
+    void swap(HeldProducer& other) noexcept { std::swap(mProducer, other.mProducer); }
+
+private:
+    android::IGraphicBufferProducer* mProducer = nullptr;
+};
+
+// The surface release step of native_finalize: drops the producer reference held for the
+// object's binding, whatever the state of its player.
 void releaseVideoSurface(JNIEnv* env, jobject thiz);
 
 }  // namespace pij

@@ -50,6 +50,7 @@ struct Object {
     std::atomic<int> kind{0};  // what was last stored in one of its other fields
     jlong context = 0;         // mNativeContext: read and written only under the library's lock
     jlong surface = 0;         // mNativeSurfaceTexture
+    jlong nativeObject = 0;    // a Surface's mNativeObject, set before any thread reads it
 };
 
 // A reference is a handle on the heap pointing at its object.
@@ -68,6 +69,8 @@ inline jobject newHandle(Object* o) {
 inline jfieldID const kContextField = reinterpret_cast<jfieldID>(1);
 inline jfieldID const kSurfaceField = reinterpret_cast<jfieldID>(2);
 inline jfieldID const kOtherField = reinterpret_cast<jfieldID>(3);
+inline jfieldID const kSurfaceNativeField = reinterpret_cast<jfieldID>(4);
+inline jfieldID const kSurfaceLockField = reinterpret_cast<jfieldID>(5);
 
 // Static int fields: each name asked for answers a code of its own (5000, 5007, ...); their
 // ids are 1-based indexes into the names.
@@ -117,14 +120,26 @@ inline void installEnvironment() {
     JNINativeInterface& f = gFunctions = JNINativeInterface{};
     f.GetLongField = [](JNIEnv*, jobject obj, jfieldID id) -> jlong {
         if (id == kContextField) return deref(obj)->context;
+        if (id == kSurfaceNativeField) return deref(obj)->nativeObject;
         return id == kSurfaceField ? deref(obj)->surface : 0;
     };
     f.SetLongField = [](JNIEnv*, jobject obj, jfieldID id, jlong v) {
         if (id == kContextField) deref(obj)->context = v;
         if (id == kSurfaceField) deref(obj)->surface = v;
     };
+    // A Surface's lock object is any object; its monitor is always entered.
+    f.GetObjectField = [](JNIEnv*, jobject, jfieldID) { return keepLocal(&gClassObject); };
+    f.MonitorEnter = [](JNIEnv*, jobject) -> jint { return JNI_OK; };
+    f.MonitorExit = [](JNIEnv*, jobject) -> jint { return JNI_OK; };
     f.NewGlobalRef = newGlobal;
     f.DeleteGlobalRef = deleteGlobal;
+    // Weak references are counted with the global ones; none of the stand-in's objects is
+    // ever collected.
+    f.NewWeakGlobalRef = [](JNIEnv* e, jobject obj) { return jweak(newGlobal(e, obj)); };
+    f.DeleteWeakGlobalRef = [](JNIEnv* e, jweak obj) { deleteGlobal(e, obj); };
+    f.IsSameObject = [](JNIEnv*, jobject a, jobject b) -> jboolean {
+        return deref(a) == deref(b) ? JNI_TRUE : JNI_FALSE;
+    };
     f.NewLocalRef = [](JNIEnv*, jobject obj) { return keepLocal(deref(obj)); };
     f.DeleteLocalRef = [](JNIEnv*, jobject) {};
     f.GetObjectClass = [](JNIEnv*, jobject) { return jclass(keepLocal(&gClassObject)); };
@@ -178,11 +193,17 @@ inline void installEnvironment() {
         *env = &gEnv;
         return JNI_OK;
     };
+    gInvoke.GetEnv = [](JavaVM*, void** env, jint) -> jint {
+        *env = &gEnv;
+        return JNI_OK;
+    };
     gVm.functions = &gInvoke;
 
     pij::gPlayerFields.context = kContextField;
     pij::gPlayerFields.surfaceTexture = kSurfaceField;
     pij::gPlayerFields.postEvent = reinterpret_cast<jmethodID>(1);
+    pij::gSurfaceFields.nativeObject = kSurfaceNativeField;
+    pij::gSurfaceFields.lock = kSurfaceLockField;
 }
 
 // Frees every local reference and object made since the last call (the fuzzer's iterations).
