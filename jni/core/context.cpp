@@ -207,8 +207,12 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* 
 PIJ_EXPORT void suspend(JNIEnv* env, jobject thiz) {
     ALOGD("playerimpl suspend");
     if (gPlayerFields.context != nullptr) {  // before native_init there is no player to forget
-        GlobalLockGuard lock;
+        // The field is written without the global lock, as callers of suspend expect. The new
+        // generation follows under the lock: a bind that read the player before the write
+        // finds the generation changed when it finishes and drops its own reference; one that
+        // reads the field after it finds no player.
         env->SetLongField(thiz, gPlayerFields.context, 0);
+        GlobalLockGuard lock;
         newGeneration(lock, env, thiz, false);
     }
     deleteScanObjects(env);
