@@ -29,10 +29,6 @@ const char* const kAtvScanClass = "com/vireo/android/tvapi/atv/vo/AtvEventScan";
 const char* const kDtvScanClass = "com/vireo/android/tvapi/dtv/vo/DtvEventScan";
 const char* const kHbbtvEventInfoClass = "com/vireo/android/tvapi/common/vo/HbbtvEventInfo";
 
-// Source lines of the failure reports.
-constexpr int kLineSetupNoPlayer = 1260;
-constexpr int kLineFinalizeNoPlayer = 1296;
-
 // Finds a scan class and makes one object of it with its no-argument constructor; both are
 // kept as global references. A class, constructor or object the runtime cannot give stops it
 // at once with the runtime's error pending (false): no further JNI call is made with it.
@@ -164,7 +160,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_setup(JNIEnv* env
     }
     android::sp<PlayerImpl> player = PlayerImpl::connect();
     if (player == nullptr) {
-        reportFatal(__func__, kLineSetupNoPlayer, Exc::Runtime);
+        reportFatal(__func__, 1260, Exc::Runtime);
         return;
     }
     // A scan class the managed side lacks leaves its error pending for the constructor; the
@@ -188,7 +184,7 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_native_finalize(JNIEnv* 
 
     android::sp<PlayerImpl> player = claimPlayerToFinalize(env, thiz);
     if (player == nullptr) {
-        reportFatal(__func__, kLineFinalizeNoPlayer, Exc::TvIpc);
+        reportFatal(__func__, 1296, Exc::TvIpc);
         return;
     }
     player->disconnect();

@@ -18,13 +18,6 @@
 namespace pij {
 namespace {
 
-// Source lines of the failure reports.
-constexpr int kLineSetSurfaceNoPlayer = 2757;
-constexpr int kLineSetSurfaceNoNative = 2763;
-constexpr int kLineSetSurfaceNoProducer = 2768;
-constexpr int kLineHdmiGpioNoPlayer = 2840;
-constexpr int kLineHdmiGpioNullArray = 2844;
-
 // The identity under which the library holds a bound producer's strong reference.
 const void* producerRefId() { return reinterpret_cast<const void*>(&releaseVideoSurface); }
 
@@ -128,18 +121,18 @@ PIJ_EXPORT void com_vireo_android_tvapi_impl_PlayerImpl_setVideoSurface(JNIEnv* 
     }
     const pij::BindStart start = pij::startBind(env, thiz);
     if (start.player == nullptr) {
-        pij::reportFatal(__func__, pij::kLineSetSurfaceNoPlayer, pij::Exc::IllegalArgument);
+        pij::reportFatal(__func__, 2757, pij::Exc::IllegalArgument);
         return;
     }
     android::sp<android::Surface> native =
         VndkGetSurface(env, surface, pij::gSurfaceFields.nativeObject, pij::gSurfaceFields.lock);
     if (native == nullptr) {
-        pij::reportFatal(__func__, pij::kLineSetSurfaceNoNative, pij::Exc::IllegalState);
+        pij::reportFatal(__func__, 2763, pij::Exc::IllegalState);
         return;
     }
     android::sp<android::IGraphicBufferProducer> producer = native->getIGraphicBufferProducer();
     if (producer == nullptr) {
-        pij::reportFatal(__func__, pij::kLineSetSurfaceNoProducer, pij::Exc::IllegalState);
+        pij::reportFatal(__func__, 2768, pij::Exc::IllegalState);
         return;
     }
     {
@@ -175,10 +168,10 @@ PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_destoryVideoSurfaceT
 PIJ_EXPORT jboolean com_vireo_android_tvapi_impl_PlayerImpl_setHdmiGpio(JNIEnv* env, jobject thiz,
                                                                         jintArray gpio) {
     ALOGD("setHdmiGpio");
-    pij::Site site{__func__, pij::kLineHdmiGpioNoPlayer, pij::Exc::TvIpc};
+    pij::Site site{__func__, 2840, pij::Exc::TvIpc};
     return pij::withPlayer(env, thiz, site, jboolean{JNI_FALSE}, [&](PlayerImpl& p) -> jboolean {
         if (gpio == nullptr) {
-            pij::reportFatal(site.function, pij::kLineHdmiGpioNullArray, pij::Exc::TvCommon);
+            pij::reportFatal(site.function, 2844, pij::Exc::TvCommon);
             return JNI_FALSE;
         }
         // Entries the array does not give stay 0; entries past the fourth are ignored.
