@@ -7,12 +7,14 @@
 #include "core/context.h"
 #include "core/handlers.h"
 #include "core/native_row.h"
+#include "core/scoped.h"
 
 namespace pij {
 namespace {
 
-// Row 112 is registered "()Z" but its exported handler is written with two further ints that
-// the runtime never passes: the row binds this function of the registered type instead.
+// Row 112 is registered "()Z", but its exported handler keeps the two further ints of the
+// managed API's native declaration, which the runtime never passes and the handler never
+// reads: the row binds this function of the registered type, which passes zeros for them.
 jboolean resetRrtInformationRow(JNIEnv* env, jobject thiz) {
     return com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation(env, thiz, 0, 0);
 }
@@ -348,25 +350,25 @@ PIJ_EXPORT jint JNI_OnLoad(JavaVM* vm, void* /*reserved*/) {
         return -1;
     }
 
-    jclass player = env->FindClass(kPlayerClass);
-    if (player == nullptr) {
+    ScopedLocalRef<jclass> player(env, env->FindClass(kPlayerClass));
+    if (player.get() == nullptr) {
         ALOGE("Native registration unable to find class '%s'", kPlayerClass);
         ALOGE("ERROR: registerNatives failed");
         return -1;
     }
-    if (env->RegisterNatives(player, gMethods, kNativeMethodCount) < 0) {
+    if (env->RegisterNatives(player.get(), gMethods, kNativeMethodCount) < 0) {
         ALOGE("RegisterNatives failed for '%s'", kPlayerClass);
         ALOGE("ERROR: registerNatives failed");
         return -1;
     }
 
-    jclass surface = env->FindClass("android/view/Surface");
-    if (surface == nullptr) {
+    ScopedLocalRef<jclass> surface(env, env->FindClass("android/view/Surface"));
+    if (surface.get() == nullptr) {
         ALOGE("[Error] android/view/Surface clazz == NULL");
         return -1;
     }
     // Kept for the life of the process; never stored or released.
-    jclass surfaceGlobal = static_cast<jclass>(env->NewGlobalRef(surface));
+    jclass surfaceGlobal = static_cast<jclass>(env->NewGlobalRef(surface.get()));
     if (surfaceGlobal == nullptr) {
         ALOGE("[Error] Get the jclass fail!");
         return -1;
