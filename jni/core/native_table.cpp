@@ -12,9 +12,9 @@
 namespace pij {
 namespace {
 
-// Row 112 is registered "()Z", but its exported handler keeps the two further ints of the
-// managed API's native declaration, which the runtime never passes and the handler never
-// reads: the row binds this function of the registered type, which passes zeros for them.
+// Row 112 is registered "()Z", but its exported handler is declared with two further ints,
+// which the runtime never passes and the handler never reads: the row binds this function of
+// the registered type, which passes zeros for them.
 jboolean resetRrtInformationRow(JNIEnv* env, jobject thiz) {
     return com_vireo_android_tvapi_common_PlayerImpl_resetRrtInformation(env, thiz, 0, 0);
 }
