@@ -48,7 +48,9 @@ namespace fake {
 
 struct Object {
     std::atomic<int> kind{0};  // what was last stored in one of its other fields
-    jlong context = 0;         // mNativeContext: read and written only under the library's lock
+    // mNativeContext: replaced under the library's lock, but written by suspend without it, as
+    // its callers expect; the VM reads and writes a long field whole, so it is atomic here.
+    std::atomic<jlong> context{0};
     jlong surface = 0;         // mNativeSurfaceTexture
     jlong nativeObject = 0;    // a Surface's mNativeObject, set before any thread reads it
 };
@@ -119,12 +121,12 @@ inline _JavaVM gVm;
 inline void installEnvironment() {
     JNINativeInterface& f = gFunctions = JNINativeInterface{};
     f.GetLongField = [](JNIEnv*, jobject obj, jfieldID id) -> jlong {
-        if (id == kContextField) return deref(obj)->context;
+        if (id == kContextField) return deref(obj)->context.load(std::memory_order_relaxed);
         if (id == kSurfaceNativeField) return deref(obj)->nativeObject;
         return id == kSurfaceField ? deref(obj)->surface : 0;
     };
     f.SetLongField = [](JNIEnv*, jobject obj, jfieldID id, jlong v) {
-        if (id == kContextField) deref(obj)->context = v;
+        if (id == kContextField) deref(obj)->context.store(v, std::memory_order_relaxed);
         if (id == kSurfaceField) deref(obj)->surface = v;
     };
     // A Surface's lock object is any object; its monitor is always entered.
