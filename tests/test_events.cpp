@@ -1,7 +1,7 @@
-// Event delivery through a real VM: every two-integer operation and the generic callback's
-// numbers, known and unknown, against the managed codes read from their fields, and service threads
-// posting while players come and go. (The notify table as a whole, the signal status and a listener
-// without a runtime are in tests/native.)
+// Event delivery through a real VM: the generic callback's numbers, known and unknown, against
+// the managed codes read from their fields, and service threads posting while players come and
+// go. (Every two-integer operation, the notify table as a whole, the signal status and a
+// listener without a runtime are in tests/native.)
 #include <android/log.h>
 #include <gtest/gtest.h>
 
@@ -34,23 +34,6 @@ class Events : public th::PlayerTest {
 protected:
     Events() : PlayerTest(kSkipInChild | kClearEvents | kWarningsBeforeRelease) {}
 };
-
-TEST_F(Events, EveryTwoIntegerOperationPostsTheManagedCodeOfItsField) {
-    int i = 0;
-    for (const EventRow& row : kEventRows) {
-        if (row.op == nullptr) continue;
-        SCOPED_TRACE(row.name);
-        const int ext1 = i % 2 == 0 ? INT32_MIN + i : i, ext2 = i % 3 == 0 ? INT32_MAX - i : -i;
-        th::clearEvents();
-        fake->fire([&](PlayerImplListener& l) { (l.*row.op)(ext1, ext2); }, i++ % 2);
-        auto evs = th::events();
-        ASSERT_EQ(evs.size(), 1u);
-        EXPECT_EQ(evs[0].what, th::staticInt((std::string("TVPLAYER_") + row.field).c_str()));
-        EXPECT_EQ(std::make_tuple(evs[0].ext1, evs[0].ext2, evs[0].obj),
-                  std::make_tuple(ext1, ext2, jobject{}));
-        th::releaseEvents(evs);
-    }
-}
 
 TEST_F(Events, TheGenericCallbackPostsItsNumbersAndOnlyLogsUnknownOnes) {
     // The numbers it knows, then a gap in the range, a number of the other dispatcher and an

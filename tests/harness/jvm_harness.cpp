@@ -59,55 +59,25 @@ jobject gLoader = nullptr;  // a global reference, or null on the system class p
     abort();
 }
 
-// new URLClassLoader(the jars as file: URLs, the system class loader)
+// The loader com.vireo.test.OwnLoader makes over the jars. Only that class is looked up on
+// the VM's class path (the test jar); nothing is loaded from there, as the loader does not
+// delegate to the application's class path.
 void makeLoader(JNIEnv* e) {
-    std::vector<std::string> jars;
-    const std::string all = apiJars();
-    for (size_t at = 0; at <= all.size();) {
-        size_t colon = all.find(':', at);
-        if (colon == std::string::npos) colon = all.size();
-        if (colon > at) jars.push_back(all.substr(at, colon - at));
-        at = colon + 1;
-    }
-    jclass fileClass = e->FindClass("java/io/File");
-    jclass uriClass = e->FindClass("java/net/URI");
-    jclass urlClass = e->FindClass("java/net/URL");
-    jclass loaderClass = e->FindClass("java/net/URLClassLoader");
-    jclass classLoaderClass = e->FindClass("java/lang/ClassLoader");
-    if (e->ExceptionCheck()) setUpFailed(e, "no URLClassLoader");
-    jmethodID newFile = e->GetMethodID(fileClass, "<init>", "(Ljava/lang/String;)V");
-    jmethodID toUri = e->GetMethodID(fileClass, "toURI", "()Ljava/net/URI;");
-    jmethodID toUrl = e->GetMethodID(uriClass, "toURL", "()Ljava/net/URL;");
-    jobjectArray urls = e->NewObjectArray(static_cast<jsize>(jars.size()), urlClass, nullptr);
-    for (size_t k = 0; k < jars.size(); ++k) {
-        jstring path = e->NewStringUTF(jars[k].c_str());
-        jobject file = e->NewObject(fileClass, newFile, path);
-        jobject uri = e->CallObjectMethod(file, toUri);
-        if (e->ExceptionCheck()) setUpFailed(e, "a jar path that is no URI");
-        jobject url = e->CallObjectMethod(uri, toUrl);
-        if (e->ExceptionCheck()) setUpFailed(e, "a jar path that is no URL");
-        e->SetObjectArrayElement(urls, static_cast<jsize>(k), url);
-        for (jobject o : {jobject(path), file, uri, url}) e->DeleteLocalRef(o);
-    }
-    jobject parent = e->CallStaticObjectMethod(
-        classLoaderClass, e->GetStaticMethodID(classLoaderClass, "getSystemClassLoader",
-                                               "()Ljava/lang/ClassLoader;"));
-    if (e->ExceptionCheck()) setUpFailed(e, "no system class loader");
-    jobject loader = e->NewObject(
-        loaderClass,
-        e->GetMethodID(loaderClass, "<init>", "([Ljava/net/URL;Ljava/lang/ClassLoader;)V"), urls,
-        parent);
+    jclass own = e->FindClass("com/vireo/test/OwnLoader");
+    jmethodID over =
+        own != nullptr
+            ? e->GetStaticMethodID(own, "over", "(Ljava/lang/String;)Ljava/lang/ClassLoader;")
+            : nullptr;
+    if (over == nullptr) setUpFailed(e, "no com.vireo.test.OwnLoader on the class path");
+    jstring jars = e->NewStringUTF(apiJars().c_str());
+    jobject loader = e->CallStaticObjectMethod(own, over, jars);
     if (loader == nullptr || e->ExceptionCheck()) setUpFailed(e, "cannot make the class loader");
     gLoader = e->NewGlobalRef(loader);
-    for (jobject o :
-         {jobject(fileClass), jobject(uriClass), jobject(urlClass), jobject(loaderClass),
-          jobject(classLoaderClass), jobject(urls), parent, loader}) {
-        e->DeleteLocalRef(o);
-    }
+    for (jobject o : {jobject(own), jobject(jars), loader}) e->DeleteLocalRef(o);
 }
 
 void createVm() {
-    std::string cp = "-Djava.class.path=" + (onSystemClassPath() ? apiJars() : std::string());
+    std::string cp = "-Djava.class.path=" + (onSystemClassPath() ? apiJars() : PIJ_TESTJAVA_JAR);
     std::string lib = "-Dplayerimpl.library=" + envOr("PIJ_LIBRARY", PIJ_LIBRARY);
     std::vector<JavaVMOption> options;
     options.push_back({const_cast<char*>(cp.c_str()), nullptr});

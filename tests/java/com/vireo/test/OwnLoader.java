@@ -17,13 +17,18 @@ import java.util.Arrays;
 public final class OwnLoader {
     private OwnLoader() {}
 
-    public static void main(String[] args) throws Throwable {
-        String[] jars = args[0].split(File.pathSeparator);
+    /** A class loader of their own over the jars (JAR[:JAR...]), above the platform's. */
+    public static ClassLoader over(String jarList) throws Exception {
+        String[] jars = jarList.split(File.pathSeparator);
         URL[] urls = new URL[jars.length];
         for (int i = 0; i < jars.length; i++) {
             urls[i] = new File(jars[i]).toURI().toURL();
         }
-        ClassLoader loader = new URLClassLoader(urls, ClassLoader.getPlatformClassLoader());
+        return new URLClassLoader(urls, ClassLoader.getPlatformClassLoader());
+    }
+
+    public static void main(String[] args) throws Throwable {
+        ClassLoader loader = over(args[0]);
         Thread.currentThread().setContextClassLoader(loader);
         Method main = Class.forName(args[1], true, loader).getMethod("main", String[].class);
         try {
